@@ -1,0 +1,28 @@
+option(ORVEX_TESTS "Build the tests" ON)
+option(ORVEX_BENCH "Build the benchmarks" OFF)
+option(ORVEX_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+option(ORVEX_COVERAGE "Build with line coverage (gcc)" OFF)
+
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release)
+endif()
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE}")
+endif()
+
+# Compiler settings of all our own code. -ffp-contract=off: the order of the arithmetic is part of a result.
+add_library(orvex_options INTERFACE)
+target_compile_options(orvex_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor -Wold-style-cast
+  -Woverloaded-virtual -Wimplicit-fallthrough -Werror -ffp-contract=off)
+
+if(ORVEX_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+if(ORVEX_COVERAGE)
+  add_compile_options(--coverage -O0)
+  add_link_options(--coverage)
+endif()

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace orvex::shell {
+
+enum class Buttons : std::uint8_t { kOk, kOkCancel, kYesNo, kYesNoCancel };
+enum class Icon : std::uint8_t { kNone, kInformation, kQuestion, kExclamation, kCritical };
+enum class Answer : std::uint8_t { kOk, kCancel, kYes, kNo };
+enum class Pointer : std::uint8_t { kDefault = 0, kBusy = 11 };
+
+/// What a file dialog is asked for. Cancelling it is error 32755.
+struct FileRequest {
+  std::string title;
+  std::string file_name;
+  std::string folder;
+  std::string filter;
+  std::string default_extension;
+};
+
+/// Everything the models say to the person and ask of them. The desktop, the batch program and the tests each have
+/// their own.
+class Host {
+ public:
+  virtual ~Host() = default;
+
+  virtual Answer ShowMessage(const std::string& text, const std::string& title, Buttons buttons, Icon icon) = 0;
+  /// Path chosen; throws error 32755 when the dialog was cancelled.
+  virtual std::string OpenFile(const FileRequest& request) = 0;
+  virtual std::string SaveFile(const FileRequest& request) = 0;
+  virtual void SetStatusText(const std::string& text) = 0;
+  virtual void SetPointer(Pointer pointer) = 0;
+  virtual void Beep() = 0;
+  /// Opens another browser on a file and shows it.
+  virtual void Navigate(const std::string& path) = 0;
+  virtual void ShowHelp(const std::string& topic) = 0;
+  /// Opens a window, named as the program names it ("frmprintrep"), and comes back when it closes.
+  virtual void ShowWindow(std::string_view name) = 0;
+  /// `done` of `total` units of a long command are finished. May throw `Interrupted` to stop the command.
+  virtual void Progress(std::int64_t done, std::int64_t total) = 0;
+};
+
+/// The person stopped a running command: what it was writing is undone. Not an error, so no routine reports it.
+struct Interrupted {};
+
+}  // namespace orvex::shell

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "shell/host.h"
+#include "store/database.h"
+
+namespace orvex::shell {
+
+/// The state that lives from start to exit: both databases, the report selection and the way to the person.
+struct Session {
+  explicit Session(Host& the_host) : host(the_host) {}
+
+  Host& host;
+  std::unique_ptr<store::Database> ClientDb;
+  std::unique_ptr<store::Database> ReferenceDb;
+
+  /// Where report files and their display pages stand.
+  std::filesystem::path application_folder;
+
+  // The report selection.
+  std::vector<std::string> TankList;        ///< `USER ID` of each chosen tank, in the order chosen
+  std::string ReportType;                   ///< "Brief", "Summary" or "Detail"
+  std::string ReportTime;                   ///< "Annual" or "Monthly"
+  std::array<bool, 12> MonthSelected{};     ///< January first; read when `ReportTime` is "Monthly"
+  std::string PrintMode;                    ///< what `frmprintrep` is to act on: "Report", "Error", ...
+  std::string ReportFilter;                 ///< condition on `emission` that picks the tanks of the last run
+  std::string ReportMonthText;              ///< the chosen months' names
+  bool ValidationFailed = false;            ///< at least one error row was written
+};
+
+}  // namespace orvex::shell

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string_view>
+
+#include "shell/host.h"
+
+namespace orvex::shell {
+
+/// Title of message boxes that have none of their own.
+inline constexpr std::string_view kApplicationTitle = "ORVEX";
+inline constexpr std::string_view kVersion = "4.0.9d";
+
+/// Writes the status line: "Ready" for an empty text, otherwise the text, with ", please wait..." behind it on demand.
+void SetStatus(Host& host, std::string_view text, bool please_wait);
+
+/// Busy pointer and a status text for the length of a command; both are restored on every way out.
+class BusyScope {
+ public:
+  BusyScope(Host& host, std::string_view status);
+  BusyScope(const BusyScope&) = delete;
+  BusyScope& operator=(const BusyScope&) = delete;
+  ~BusyScope();
+
+ private:
+  Host& host_;
+};
+
+}  // namespace orvex::shell

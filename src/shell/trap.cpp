@@ -1,0 +1,25 @@
+#include "shell/trap.h"
+
+#include <fmt/format.h>
+
+#include "shell/status.h"
+
+namespace orvex::shell {
+
+using store::ErrorNumber;
+
+void ErrorMessage(Session& session, std::string_view routine, const store::RunTimeError& error) {
+  session.host.SetPointer(Pointer::kDefault);
+  session.host.Beep();
+  session.host.ShowMessage(fmt::format("The following Error occurred:\r\n\r\n{}\r\nNumber: {}\r\n in {}",
+                                       error.Description(), static_cast<int>(error.Number()), routine),
+                           std::string(kApplicationTitle), Buttons::kOk, Icon::kNone);
+  SetStatus(session.host, "", false);
+}
+
+void HandleFailure(Session& session, std::string_view routine, const store::RunTimeError& error) {
+  if (error.Number() == ErrorNumber::kNoCurrentRecord || error.Number() == ErrorNumber::kDialogCancelled) return;
+  ErrorMessage(session, routine, error);
+}
+
+}  // namespace orvex::shell
