@@ -1,0 +1,54 @@
+#include "support/scripted_host.h"
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include "store/run_time_error.h"
+
+namespace orvex::test {
+
+ScriptedHost::~ScriptedHost() {
+  for (const auto& missing : expected_) ADD_FAILURE() << "expected prompt did not come: " << missing.text << missing.ending;
+}
+
+void ScriptedHost::ExpectMessage(std::string text, shell::Answer answer) {
+  expected_.push_back({std::move(text), "", answer});
+}
+
+void ScriptedHost::ExpectError(int number, std::string routine) {
+  expected_.push_back({"", fmt::format("\r\nNumber: {}\r\n in {}", number, routine), shell::Answer::kOk});
+}
+
+shell::Answer ScriptedHost::ShowMessage(const std::string& text, const std::string& title, shell::Buttons,
+                                        shell::Icon) {
+  messages.push_back(text);
+  titles.push_back(title);
+  if (expected_.empty()) {
+    ADD_FAILURE() << "unexpected prompt: " << text;
+    return shell::Answer::kCancel;
+  }
+  const Expected next = expected_.front();
+  expected_.pop_front();
+  if (next.ending.empty()) {
+    EXPECT_EQ(text, next.text);
+  } else {
+    EXPECT_TRUE(text.ends_with(next.ending)) << text << "\nshould end with" << next.ending;
+  }
+  return next.answer;
+}
+
+std::string ScriptedHost::NextFile() {
+  if (files_.empty()) {
+    ADD_FAILURE() << "unexpected file dialog";
+    throw store::RunTimeError(store::ErrorNumber::kDialogCancelled, "Cancel was selected.");
+  }
+  std::string path = files_.front();
+  files_.pop_front();
+  if (path.empty()) throw store::RunTimeError(store::ErrorNumber::kDialogCancelled, "Cancel was selected.");
+  return path;
+}
+
+std::string ScriptedHost::OpenFile(const shell::FileRequest&) { return NextFile(); }
+std::string ScriptedHost::SaveFile(const shell::FileRequest&) { return NextFile(); }
+
+}  // namespace orvex::test

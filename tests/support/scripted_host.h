@@ -1,0 +1,54 @@
+#pragma once
+
+#include <deque>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "shell/host.h"
+
+namespace orvex::test {
+
+/// A host that answers from a script and fails the test on a prompt that the script does not expect.
+class ScriptedHost : public shell::Host {
+ public:
+  ~ScriptedHost() override;
+
+  /// The next message box must carry exactly this text, and is answered so.
+  void ExpectMessage(std::string text, shell::Answer answer = shell::Answer::kOk);
+  /// The next error report must carry this number and routine; its description is free.
+  void ExpectError(int number, std::string routine);
+  /// The next file dialog gives this path, or is cancelled when it is empty.
+  void ChooseFile(std::string path) { files_.push_back(std::move(path)); }
+
+  shell::Answer ShowMessage(const std::string& text, const std::string& title, shell::Buttons buttons,
+                            shell::Icon icon) override;
+  std::string OpenFile(const shell::FileRequest& request) override;
+  std::string SaveFile(const shell::FileRequest& request) override;
+  void SetStatusText(const std::string& text) override { status.push_back(text); }
+  void SetPointer(shell::Pointer pointer) override { pointers.push_back(pointer); }
+  void Beep() override { ++beeps; }
+  void Navigate(const std::string& path) override { pages.push_back(path); }
+  void ShowHelp(const std::string& topic) override { help.push_back(topic); }
+  void ShowWindow(std::string_view name) override { windows.emplace_back(name); }
+  void Progress(std::int64_t done, std::int64_t total) override { progress.emplace_back(done, total); }
+
+  // What happened, in order.
+  std::vector<std::string> messages, titles, status, pages, help, windows;
+  std::vector<shell::Pointer> pointers;
+  std::vector<std::pair<std::int64_t, std::int64_t>> progress;
+  int beeps = 0;
+
+ private:
+  struct Expected {
+    std::string text;     ///< whole text, or
+    std::string ending;   ///< how the text ends
+    shell::Answer answer;
+  };
+  std::string NextFile();
+  std::deque<Expected> expected_;
+  std::deque<std::string> files_;
+};
+
+}  // namespace orvex::test
