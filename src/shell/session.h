@@ -23,14 +23,14 @@ struct Session {
   std::filesystem::path application_folder;
 
   // The report selection.
-  std::vector<std::string> TankList;        ///< `USER ID` of each chosen tank, in the order chosen
-  std::string ReportType;                   ///< "Brief", "Summary" or "Detail"
-  std::string ReportTime;                   ///< "Annual" or "Monthly"
-  std::array<bool, 12> MonthSelected{};     ///< January first; read when `ReportTime` is "Monthly"
-  std::string PrintMode;                    ///< what `frmprintrep` is to act on: "Report", "Error", ...
-  std::string ReportFilter;                 ///< condition on `emission` that picks the tanks of the last run
-  std::string ReportMonthText;              ///< the chosen months' names
-  bool ValidationFailed = false;            ///< at least one error row was written
+  std::vector<std::string> TankList;     ///< `USER ID` of each chosen tank, in the order chosen
+  std::string ReportType;                ///< "Brief", "Summary" or "Detail"
+  std::string ReportTime;                ///< "Annual" or "Monthly"
+  std::array<bool, 12> MonthSelected{};  ///< January first; read when `ReportTime` is "Monthly"
+  std::string PrintMode;                 ///< what `frmprintrep` is to act on: "Report", "Error", ...
+  std::string ReportFilter;              ///< condition on `emission` that picks the tanks of the last run
+  std::string ReportMonthText;           ///< the chosen months' names
+  bool ValidationFailed = false;         ///< at least one error row was written
 };
 
 }  // namespace orvex::shell

@@ -5,11 +5,11 @@
 namespace orvex::shell {
 
 // The tank types as `TANK_TYPE` holds them.
-inline constexpr std::string_view kVerticalFixedRoof = "Vertical Fixed Roof Tank";                  // VFRT
-inline constexpr std::string_view kHorizontal = "Horizontal Tank";                                  // HFRT
-inline constexpr std::string_view kInternalFloatingRoof = "Internal Floating Roof Tank";            // IFRT
-inline constexpr std::string_view kExternalFloatingRoof = "External Floating Roof Tank";            // EFRT
-inline constexpr std::string_view kDomedExternalFloatingRoof = "Domed External Floating Roof Tank"; // DEFRT
+inline constexpr std::string_view kVerticalFixedRoof = "Vertical Fixed Roof Tank";                   // VFRT
+inline constexpr std::string_view kHorizontal = "Horizontal Tank";                                   // HFRT
+inline constexpr std::string_view kInternalFloatingRoof = "Internal Floating Roof Tank";             // IFRT
+inline constexpr std::string_view kExternalFloatingRoof = "External Floating Roof Tank";             // EFRT
+inline constexpr std::string_view kDomedExternalFloatingRoof = "Domed External Floating Roof Tank";  // DEFRT
 
 /// Vertical and horizontal tanks; every other text counts as a floating roof.
 constexpr bool IsFixedRoof(std::string_view tank_type) {

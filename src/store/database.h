@@ -34,8 +34,8 @@ struct StoredIndex {
 /// One database file.
 class Database {
  public:
-  /// Opens an existing file; never creates one. A file that may not be written is opened read-only, and writing to it is
-  /// error 3027. Errors, each naming the file: 3044 the folder is not there, 3024 the file is not there, 3343 it is
+  /// Opens an existing file; never creates one. A file that may not be written is opened read-only, and writing to it
+  /// is error 3027. Errors, each naming the file: 3044 the folder is not there, 3024 the file is not there, 3343 it is
   /// empty or no database, 3049 it is cut off or damaged, 3260 another program holds it, 3043 it cannot be read.
   static std::unique_ptr<Database> Open(const std::filesystem::path& path, OpenMode mode = OpenMode::kReadWrite);
 

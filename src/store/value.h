@@ -12,13 +12,13 @@ class Value {
   enum class Kind : std::uint8_t { kNull, kInteger, kReal, kText };
 
   Value() = default;
-  Value(bool flag) : kind_(Kind::kInteger), integer_(flag ? -1 : 0) {}          // NOLINT: values stand for themselves
-  Value(std::int32_t number) : kind_(Kind::kInteger), integer_(number) {}       // NOLINT
-  Value(std::int64_t number) : kind_(Kind::kInteger), integer_(number) {}       // NOLINT
-  Value(double number) : kind_(Kind::kReal), real_(number) {}                   // NOLINT
-  Value(std::string_view text) : kind_(Kind::kText), text_(text) {}             // NOLINT
-  Value(const std::string& text) : kind_(Kind::kText), text_(text) {}           // NOLINT
-  Value(const char* text) : kind_(Kind::kText), text_(text) {}                  // NOLINT
+  Value(bool flag) : kind_(Kind::kInteger), integer_(flag ? -1 : 0) {}     // NOLINT: values stand for themselves
+  Value(std::int32_t number) : kind_(Kind::kInteger), integer_(number) {}  // NOLINT
+  Value(std::int64_t number) : kind_(Kind::kInteger), integer_(number) {}  // NOLINT
+  Value(double number) : kind_(Kind::kReal), real_(number) {}              // NOLINT
+  Value(std::string_view text) : kind_(Kind::kText), text_(text) {}        // NOLINT
+  Value(const std::string& text) : kind_(Kind::kText), text_(text) {}      // NOLINT
+  Value(const char* text) : kind_(Kind::kText), text_(text) {}             // NOLINT
 
   [[nodiscard]] Kind GetKind() const { return kind_; }
   [[nodiscard]] bool IsNull() const { return kind_ == Kind::kNull; }

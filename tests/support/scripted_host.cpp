@@ -8,7 +8,8 @@
 namespace orvex::test {
 
 ScriptedHost::~ScriptedHost() {
-  for (const auto& missing : expected_) ADD_FAILURE() << "expected prompt did not come: " << missing.text << missing.ending;
+  for (const auto& missing : expected_)
+    ADD_FAILURE() << "expected prompt did not come: " << missing.text << missing.ending;
 }
 
 void ScriptedHost::ExpectMessage(std::string text, shell::Answer answer) {

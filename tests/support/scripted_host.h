@@ -42,8 +42,8 @@ class ScriptedHost : public shell::Host {
 
  private:
   struct Expected {
-    std::string text;     ///< whole text, or
-    std::string ending;   ///< how the text ends
+    std::string text;    ///< whole text, or
+    std::string ending;  ///< how the text ends
     shell::Answer answer;
   };
   std::string NextFile();

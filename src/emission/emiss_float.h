@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "shell/session.h"
+
+namespace orvex::emission {
+
+/// Computes the rim seal, withdrawal, deck fitting and deck seam losses of one mixture of a floating-roof tank
+/// for one period and writes its `PRIMARY` row of `emission`, or a row of `error` and `ValidationFailed`. Nothing is
+/// written for a month that the mixture is not stored in.
+void EmissFloat(shell::Session& session, std::int32_t ID, std::int32_t MixID, const std::string& Month);
+
+}  // namespace orvex::emission
