@@ -1,0 +1,33 @@
+#include "store/field_table.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+
+#include "store/run_time_error.h"
+
+namespace orvex::store {
+namespace {
+
+constexpr char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+bool SameName(std::string_view a, std::string_view b) { return std::ranges::equal(a, b, {}, Lower, Lower); }
+
+}  // namespace
+
+const TableInfo& FindTable(std::string_view name) {
+  for (const auto tables : {ClientTables(), ReferenceTables()}) {
+    const auto found = std::ranges::find_if(tables, [&](const TableInfo& table) { return SameName(table.name, name); });
+    if (found != tables.end()) return *found;
+  }
+  throw RunTimeError(ErrorNumber::kObjectNotFound, fmt::format("There is no table '{}'.", name));
+}
+
+const FieldInfo& FindField(const TableInfo& table, std::string_view name) {
+  const auto found =
+      std::ranges::find_if(table.fields, [&](const FieldInfo& field) { return SameName(field.name, name); });
+  if (found != table.fields.end()) return *found;
+  throw RunTimeError(ErrorNumber::kItemNotFound, fmt::format("The table '{}' has no field '{}'.", table.name, name));
+}
+
+}  // namespace orvex::store
