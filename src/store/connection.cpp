@@ -1,0 +1,232 @@
+#include "store/connection.h"
+
+#include <fmt/format.h>
+
+#include <charconv>
+#include <new>
+
+#include "store/letter_case.h"
+#include "store/run_time_error.h"
+#include "store/sql_functions.h"
+
+namespace orvex::store {
+namespace {
+
+constexpr int kBusyTimeoutMilliseconds = 2000;
+constexpr std::size_t kMaxPrepared = 500;
+
+/// Settings of every connection: nothing that a foreign file brings along (views, triggers, functions in its schema)
+/// may act, and a misspelt field name is an error instead of a text.
+void Harden(sqlite3* handle) {
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+}
+
+struct Failure {
+  int code;
+  ErrorNumber number;
+  std::string_view text;
+};
+
+/// SQLite's primary result codes as this program's errors; `{}` is the file.
+constexpr Failure kFailures[] = {
+    {SQLITE_BUSY, ErrorNumber::kFileLocked, "{} is locked: another program is using it."},
+    {SQLITE_LOCKED, ErrorNumber::kFileLocked, "{} is locked: another program is using it."},
+    {SQLITE_READONLY, ErrorNumber::kReadOnly, "Cannot update. {} is read-only."},
+    {SQLITE_CORRUPT, ErrorNumber::kDamagedFile, "{} is damaged."},
+    {SQLITE_NOTADB, ErrorNumber::kNotADatabase, "{} is not a database."},
+    {SQLITE_FULL, ErrorNumber::kDiskFailure, "The disk is full: {} could not be written."},
+    {SQLITE_IOERR, ErrorNumber::kDiskFailure, "A disk error occurred while {} was read or written."},
+    {SQLITE_CANTOPEN, ErrorNumber::kDiskFailure, "{} or its journal cannot be opened."},
+    {SQLITE_PERM, ErrorNumber::kDiskFailure, "{} may not be opened."},
+    {SQLITE_TOOBIG, ErrorNumber::kTextTooLong, "A text is too long for {}."},
+};
+
+}  // namespace
+
+std::string Quoted(std::string_view name) {
+  std::string quoted = "\"";
+  for (const char c : name) {
+    quoted += c;
+    if (c == '"') quoted += c;
+  }
+  return quoted + '"';
+}
+
+FieldType TypeOf(std::string_view declared, bool primary_key, int& width) {
+  width = 0;
+  const std::string type = LowerCase(declared);
+  if (primary_key && type == "integer") return FieldType::kCounter;
+  if (type == "boolean") return FieldType::kBoolean;
+  if (type.starts_with("text") || type.find("char") != std::string::npos) {
+    const auto open = type.find('(');
+    if (open != std::string::npos) std::from_chars(type.data() + open + 1, type.data() + type.size(), width);
+    return FieldType::kText;
+  }
+  if (type.find("int") != std::string::npos) return FieldType::kLong;
+  return FieldType::kDouble;
+}
+
+Connection::Connection(std::filesystem::path path, int flags) : path_(std::move(path)) {
+  const int code = sqlite3_open_v2(path_.string().c_str(), &handle_, flags | SQLITE_OPEN_EXRESCODE, nullptr);
+  if (code != SQLITE_OK) {
+    sqlite3_close(handle_);
+    Fail(code);
+  }
+  sqlite3_busy_timeout(handle_, kBusyTimeoutMilliseconds);
+  Harden(handle_);
+  RegisterSqlFunctions(handle_);
+  // Large enough that a run over ten thousand tanks keeps its changed pages in memory until it commits.
+  Execute("PRAGMA cache_size = -65536");
+  Execute("PRAGMA cell_size_check = ON");
+}
+
+Connection::~Connection() {
+  prepared_.clear();
+  sqlite3_close_v2(handle_);
+}
+
+bool Connection::ReadOnly() const { return sqlite3_db_readonly(handle_, "main") != 0; }
+
+void Connection::Fail(int code) const {
+  const std::string file = path_.string();
+  const int primary = code & 0xff;
+  if (primary == SQLITE_NOMEM) throw std::bad_alloc();
+  if (code == SQLITE_CONSTRAINT_UNIQUE || code == SQLITE_CONSTRAINT_PRIMARYKEY || code == SQLITE_CONSTRAINT_ROWID) {
+    throw RunTimeError(ErrorNumber::kDuplicateKey, fmt::format("The change would create a duplicate key in {} ({}).",
+                                                               file, sqlite3_errmsg(handle_)));
+  }
+  if (primary == SQLITE_MISMATCH) {
+    throw RunTimeError(ErrorNumber::kTypeMismatch, fmt::format("{}: {}", file, sqlite3_errmsg(handle_)));
+  }
+  for (const auto& failure : kFailures) {
+    if (failure.code == primary) throw RunTimeError(failure.number, fmt::format(fmt::runtime(failure.text), file));
+  }
+  throw RunTimeError(ErrorNumber::kDataConversion,
+                     fmt::format("{}: {}", file, handle_ != nullptr ? sqlite3_errmsg(handle_) : sqlite3_errstr(code)));
+}
+
+void Connection::Execute(const std::string& sql) {
+  const int code = sqlite3_exec(handle_, sql.c_str(), nullptr, nullptr, nullptr);
+  if (code != SQLITE_OK) Fail(code);
+}
+
+Statement& Connection::Prepared(const std::string& sql) {
+  const auto found = prepared_.find(sql);
+  if (found != prepared_.end()) return *found->second;
+  if (prepared_.size() >= kMaxPrepared) prepared_.clear();
+  return *prepared_.emplace(sql, std::make_unique<Statement>(*this, sql)).first->second;
+}
+
+bool Connection::Begin(bool write) {
+  if (depth_ > 0) {
+    ++depth_;
+    return false;
+  }
+  Execute(write ? "BEGIN IMMEDIATE" : "BEGIN");
+  ++depth_;
+  ++epoch_;
+  return true;
+}
+
+void Connection::CommitOutermost() {
+  RequireTransactionAlive();
+  Execute("COMMIT");
+  --depth_;
+  ++epoch_;
+}
+
+void Connection::RollBackOutermost() noexcept {
+  if (sqlite3_get_autocommit(handle_) == 0) sqlite3_exec(handle_, "ROLLBACK", nullptr, nullptr, nullptr);
+  --depth_;
+  ++epoch_;
+}
+
+void Connection::RequireTransactionAlive() const {
+  if (depth_ > 0 && sqlite3_get_autocommit(handle_) != 0) {
+    throw RunTimeError(ErrorNumber::kTransactionLost,
+                       fmt::format("The changes to {} had to be undone after a failure of the disk.", path_.string()));
+  }
+}
+
+Statement::Statement(const Connection& connection, const std::string& sql) : connection_(connection) {
+  const int code = sqlite3_prepare_v3(connection.Handle(), sql.c_str(), static_cast<int>(sql.size()),
+                                      SQLITE_PREPARE_PERSISTENT, &statement_, nullptr);
+  if (code != SQLITE_OK) connection.Fail(code);
+}
+
+Statement::~Statement() { sqlite3_finalize(statement_); }
+
+void Statement::Bind(int parameter, const Value& value) {
+  int code = SQLITE_OK;
+  switch (value.GetKind()) {
+    case Value::Kind::kNull:
+      code = sqlite3_bind_null(statement_, parameter);
+      break;
+    case Value::Kind::kInteger:
+      code = sqlite3_bind_int64(statement_, parameter, value.RawInteger());
+      break;
+    case Value::Kind::kReal:
+      code = sqlite3_bind_double(statement_, parameter, value.RawReal());
+      break;
+    case Value::Kind::kText:
+      code = sqlite3_bind_text(statement_, parameter, value.RawText().data(), static_cast<int>(value.RawText().size()),
+                               SQLITE_STATIC);
+      break;
+  }
+  if (code != SQLITE_OK) connection_.Fail(code);
+}
+
+void Statement::Bind(int parameter, std::int64_t value) {
+  const int code = sqlite3_bind_int64(statement_, parameter, value);
+  if (code != SQLITE_OK) connection_.Fail(code);
+}
+
+bool Statement::Step() {
+  const int code = sqlite3_step(statement_);
+  if (code == SQLITE_ROW) return true;
+  if (code == SQLITE_DONE) return false;
+  const int failure = sqlite3_reset(statement_);
+  connection_.Fail(failure == SQLITE_OK ? code : failure);
+}
+
+StoredField Statement::ResultField(int column) const {
+  StoredField field{ColumnName(column), FieldType::kDouble, 0};
+  const char* declared = sqlite3_column_decltype(statement_, column);
+  // A Counter's values are copied, not counted anew.
+  if (declared != nullptr) field.type = TypeOf(declared, false, field.width);
+  return field;
+}
+
+std::string Statement::Text(int column) {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_, column));
+  if (text == nullptr) return {};
+  return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))};
+}
+
+void Statement::Read(int column, Value& value) {
+  switch (sqlite3_column_type(statement_, column)) {
+    case SQLITE_INTEGER:
+      value.SetInteger(sqlite3_column_int64(statement_, column));
+      return;
+    case SQLITE_FLOAT:
+      value.SetReal(sqlite3_column_double(statement_, column));
+      return;
+    case SQLITE_NULL:
+      value.SetNull();
+      return;
+    default: {
+      // A blob, which no field of ours holds, reads as the text of its bytes.
+      const auto* text = static_cast<const char*>(sqlite3_column_blob(statement_, column));
+      const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement_, column));
+      value.SetText(text == nullptr ? std::string_view() : std::string_view(text, size));
+      return;
+    }
+  }
+}
+
+}  // namespace orvex::store

@@ -1,0 +1,198 @@
+#include "store/database.h"
+
+#include <fmt/format.h>
+
+#include "store/database_impl.h"
+#include "store/file_check.h"
+#include "store/letter_case.h"
+#include "store/record_set_impl.h"
+#include "store/run_time_error.h"
+#include "store/table_definition.h"
+
+namespace orvex::store {
+
+std::shared_ptr<Table> Database::Impl::GetTable(std::string_view name) {
+  std::string folded = LowerCase(name);
+  const auto found = tables.find(folded);
+  if (found != tables.end()) return found->second;
+  auto table = std::make_shared<Table>(connection, name);
+  tables.emplace(std::move(folded), table);
+  return table;
+}
+
+Statement& Database::Impl::Prepare(const std::string& sqlite_sql, std::string_view query) {
+  try {
+    return connection->Prepared(sqlite_sql);
+  } catch (const RunTimeError&) {
+    const int code = sqlite3_errcode(connection->Handle());
+    if (code != SQLITE_ERROR) throw;
+    const std::string reason = sqlite3_errmsg(connection->Handle());
+    if (reason.starts_with("no such table")) {
+      throw RunTimeError(ErrorNumber::kObjectNotFound, fmt::format("{}: a table of the query '{}' was not found ({}).",
+                                                                   connection->Path().string(), query, reason));
+    }
+    if (reason.starts_with("no such column")) {
+      throw RunTimeError(ErrorNumber::kNoSuchField,
+                         fmt::format("A field of the query '{}' was not found ({}).", query, reason));
+    }
+    throw RunTimeError(ErrorNumber::kQuerySyntax, fmt::format("Syntax error in query '{}': {}.", query, reason));
+  }
+}
+
+Database::Database(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
+Database::~Database() = default;
+
+std::unique_ptr<Database> Database::Open(const std::filesystem::path& path, OpenMode mode) {
+  CheckFile(path);
+  auto connection =
+      std::make_shared<Connection>(path, mode == OpenMode::kReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE);
+  // Reads the header and the schema: a file of another kind, a damaged or a locked one shows here.
+  {
+    Statement schema(*connection, "SELECT COUNT(*) FROM sqlite_master");
+    schema.Step();
+  }
+  return std::unique_ptr<Database>(new Database(std::make_unique<Impl>(std::move(connection))));
+}
+
+std::unique_ptr<Database> Database::Create(const std::filesystem::path& path, std::span<const TableInfo> tables) {
+  CheckFolder(path);
+  if (std::filesystem::exists(path)) {
+    throw RunTimeError(ErrorNumber::kTableExists, fmt::format("The file {} already exists.", path.string()));
+  }
+  auto connection = std::make_shared<Connection>(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+  std::unique_ptr<Database> database(new Database(std::make_unique<Impl>(std::move(connection))));
+  Transaction transaction(*database);
+  for (const auto& table : tables) database->CreateTable(table);
+  transaction.Commit();
+  return database;
+}
+
+const std::filesystem::path& Database::Path() const { return impl_->connection->Path(); }
+bool Database::ReadOnly() const { return impl_->connection->ReadOnly(); }
+
+RecordSet Database::OpenTable(std::string_view name) {
+  return RecordSet(std::make_unique<RecordSet::Impl>(RecordSet::Impl::Kind::kTable, *impl_, impl_->GetTable(name)));
+}
+
+RecordSet Database::OpenMatching(std::string_view table_name, std::string_view index,
+                                 std::initializer_list<Value> key) {
+  auto table = impl_->GetTable(table_name);
+  auto set = std::make_unique<RecordSet::Impl>(RecordSet::Impl::Kind::kKeyed, *impl_, table);
+  set->source.index = table->IndexNumber(index);
+  set->source.key = key;
+  set->Fill();
+  return RecordSet(std::move(set));
+}
+
+RecordSet Database::OpenQuery(std::string_view sql) {
+  const Translation translation = TranslateSql(sql);
+  if (translation.kind == QueryKind::kDelete || translation.kind == QueryKind::kSelectInto) {
+    throw RunTimeError(ErrorNumber::kOperationNotSupported, fmt::format("The query '{}' gives no rows.", sql));
+  }
+  const bool keyed = translation.kind == QueryKind::kWholeRows;
+  auto set = std::make_unique<RecordSet::Impl>(keyed ? RecordSet::Impl::Kind::kKeyed : RecordSet::Impl::Kind::kSnapshot,
+                                               *impl_, keyed ? impl_->GetTable(translation.table) : nullptr);
+  set->source.query = sql;
+  set->Fill();
+  return RecordSet(std::move(set));
+}
+
+std::vector<std::string> Database::TableNames() {
+  std::vector<std::string> names;
+  Statement tables(*impl_->connection,
+                   "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT GLOB 'sqlite_*'");
+  while (tables.Step()) names.push_back(tables.Text(0));
+  return names;
+}
+
+bool Database::HasTable(std::string_view name) {
+  for (const auto& table : TableNames()) {
+    if (EqualNoCase(table, name)) return true;
+  }
+  return false;
+}
+
+std::vector<StoredField> Database::Fields(std::string_view table) { return impl_->GetTable(table)->Fields(); }
+std::vector<StoredIndex> Database::Indexes(std::string_view table) { return impl_->GetTable(table)->Indexes(); }
+
+void Database::CreateTable(const TableInfo& table) {
+  std::vector<StoredField> fields;
+  for (const auto& field : table.fields) fields.push_back({std::string(field.name), field.type, field.width});
+  std::vector<StoredIndex> indexes;
+  for (const auto& index : table.indexes) {
+    StoredIndex stored{std::string(index.name), {}, index.unique};
+    for (const auto field : index.fields) stored.fields.emplace_back(field);
+    indexes.push_back(std::move(stored));
+  }
+  CreateTable(std::string(table.name), fields, indexes);
+}
+
+void Database::CreateTable(const std::string& name, const std::vector<StoredField>& fields,
+                           const std::vector<StoredIndex>& indexes) {
+  if (HasTable(name)) {
+    throw RunTimeError(ErrorNumber::kTableExists,
+                       fmt::format("The table '{}' already exists in {}.", name, Path().string()));
+  }
+  Transaction transaction(*this);
+  impl_->connection->Execute(TableDefinition(name, fields));
+  for (const auto& index : indexes) impl_->connection->Execute(IndexDefinition(name, index));
+  transaction.Commit();
+}
+
+void Database::DeleteTable(std::string_view name) {
+  const auto table = impl_->GetTable(name);
+  impl_->connection->Execute("DROP TABLE " + Quoted(table->Name()));
+  table->Forget();
+  impl_->tables.erase(LowerCase(name));
+}
+
+std::int64_t Database::Execute(std::string_view sql) {
+  const Translation translation = TranslateSql(sql);
+  if (translation.kind == QueryKind::kWholeRows || translation.kind == QueryKind::kRows) {
+    throw RunTimeError(ErrorNumber::kOperationNotSupported, fmt::format("The query '{}' gives rows.", sql));
+  }
+  impl_->connection->RequireTransactionAlive();
+  if (translation.kind == QueryKind::kSelectInto) return SelectInto(*impl_->connection, *this, translation);
+  auto table = impl_->GetTable(translation.table);
+  auto& statement = impl_->Prepare(translation.sql, sql);
+  const Execution execution(statement);
+  for (std::size_t i = 0; i < translation.parameters.size(); ++i) {
+    statement.Bind(static_cast<int>(i + 1), translation.parameters[i]);
+  }
+  statement.Step();
+  const auto changed = static_cast<std::int64_t>(sqlite3_changes64(impl_->connection->Handle()));
+  if (changed > 0) table->Forget();
+  return changed;
+}
+
+bool Database::IntegrityCheck() {
+  Statement check(*impl_->connection, "PRAGMA integrity_check(1)");
+  return check.Step() && check.Text(0) == "ok";
+}
+
+// Transactions --------------------------------------------------------------------------------------------------------
+
+Transaction::Transaction(Database& database, Purpose purpose)
+    : database_(database), outermost_(database.impl_->connection->Begin(purpose == Purpose::kWrite)) {}
+
+Transaction::~Transaction() {
+  if (done_) return;
+  if (outermost_) {
+    database_.impl_->connection->RollBackOutermost();
+  } else {
+    database_.impl_->connection->Leave();
+  }
+}
+
+void Transaction::Commit() {
+  auto& connection = *database_.impl_->connection;
+  if (outermost_) {
+    connection.CommitOutermost();
+  } else {
+    connection.RequireTransactionAlive();
+    connection.Leave();
+  }
+  done_ = true;
+}
+
+}  // namespace orvex::store

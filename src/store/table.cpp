@@ -1,0 +1,455 @@
+#include "store/table.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+#include "store/letter_case.h"
+#include "store/run_time_error.h"
+
+namespace orvex::store {
+namespace {
+
+std::size_t CharacterCount(std::string_view utf8) {
+  return static_cast<std::size_t>(
+      std::count_if(utf8.begin(), utf8.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+}
+
+std::size_t HashOf(const Value& value) {
+  switch (value.GetKind()) {
+    case Value::Kind::kNull:
+      return 0;
+    case Value::Kind::kInteger:
+      return std::hash<double>()(static_cast<double>(value.RawInteger()));
+    case Value::Kind::kReal:
+      return std::hash<double>()(value.RawReal());
+    case Value::Kind::kText:
+      return HashNoCase(value.RawText());
+  }
+  return 0;
+}
+
+/// Equal as an index sees it: texts without regard to case.
+bool EqualAsKey(const Value& a, const Value& b) {
+  if (a.GetKind() == Value::Kind::kText && b.GetKind() == Value::Kind::kText)
+    return EqualNoCase(a.RawText(), b.RawText());
+  return a == b;
+}
+
+}  // namespace
+
+Table::Table(std::shared_ptr<Connection> connection, std::string_view name)
+    : connection_(std::move(connection)), rows_(kRowSlots), seeks_(kKeySlots), matches_(kKeySlots) {
+  auto& find =
+      connection_->Prepared("SELECT name FROM sqlite_master WHERE type = 'table' AND name = ?1 COLLATE NOCASE");
+  const Value wanted(name);
+  find.Bind(1, wanted);
+  const Execution execution(find);
+  if (!find.Step()) {
+    throw RunTimeError(ErrorNumber::kObjectNotFound,
+                       fmt::format("The table '{}' was not found in {}.", name, connection_->Path().string()));
+  }
+  name_ = find.Text(0);
+  ReadDefinition();
+}
+
+void Table::ReadDefinition() {
+  Statement fields(*connection_, "PRAGMA table_info(" + Quoted(name_) + ")");
+  while (fields.Step()) {
+    int width = 0;
+    const FieldType type = TypeOf(fields.Text(2), fields.Integer(5) != 0, width);
+    if (type == FieldType::kCounter) counter_ = fields_.size();
+    positions_.emplace(LowerCase(fields.Text(1)), fields_.size());
+    fields_.push_back({fields.Text(1), type, width});
+  }
+  indexed_.resize(fields_.size());
+  Statement indexes(*connection_, "PRAGMA index_list(" + Quoted(name_) + ")");
+  const std::string prefix = LowerCase(name_) + ".";
+  while (indexes.Step()) {
+    const std::string full_name = indexes.Text(1);
+    if (!LowerCase(full_name).starts_with(prefix)) continue;  // not one of the table's own
+    StoredIndex index{full_name.substr(prefix.size()), {}, indexes.Integer(2) != 0};
+    std::vector<std::size_t> positions;
+    Statement columns(*connection_, "PRAGMA index_info(" + Quoted(full_name) + ")");
+    while (columns.Step()) {
+      const auto position = columns.Integer(1);
+      if (position < 0) break;  // an expression: no index of ours
+      positions.push_back(static_cast<std::size_t>(position));
+      index.fields.push_back(fields_.at(positions.back()).name);
+      indexed_[positions.back()] = true;
+    }
+    if (positions.empty()) continue;
+    indexes_.push_back(std::move(index));
+    index_fields_.push_back(std::move(positions));
+  }
+}
+
+std::string Table::NameError(std::string_view what, std::string_view name) const {
+  return fmt::format("The {} '{}' was not found in the table '{}' of {}.", what, name, name_,
+                     connection_->Path().string());
+}
+
+std::size_t Table::FieldPosition(std::string_view name, std::size_t& hint) const {
+  // Routines write and read fields in the order of the table, so the next one is the likely one.
+  if (hint < fields_.size() && fields_[hint].name == name) return hint++;
+  std::string folded(name);
+  for (char& c : folded) c = Folded(c);
+  const auto found = positions_.find(folded);
+  if (found == positions_.end()) throw RunTimeError(ErrorNumber::kItemNotFound, NameError("field", name));
+  hint = found->second + 1;
+  return found->second;
+}
+
+std::size_t Table::IndexNumber(std::string_view name) const {
+  for (std::size_t i = 0; i < indexes_.size(); ++i) {
+    if (EqualNoCase(indexes_[i].name, name)) return i;
+  }
+  throw RunTimeError(ErrorNumber::kItemNotFound, NameError("index", name));
+}
+
+// Keys ----------------------------------------------------------------------------------------------------------------
+
+std::string Table::KeyCondition(std::size_t index, std::size_t depth) const {
+  std::string condition;
+  for (std::size_t i = 0; i < depth; ++i) {
+    condition += fmt::format("{}{} IS ?{}", i == 0 ? "" : " AND ", Quoted(indexes_[index].fields[i]), i + 1);
+  }
+  return condition;
+}
+
+std::string Table::Order(std::optional<std::size_t> index, bool backward) const {
+  const std::string_view direction = backward ? " DESC" : "";
+  std::string order;
+  if (index) {
+    for (const auto& field : indexes_[*index].fields) order += Quoted(field) + std::string(direction) + ", ";
+  }
+  return fmt::format("{}rowid{}", order, direction);
+}
+
+template <typename Build>
+Statement& Table::IndexStatement(char purpose, std::size_t index, std::size_t depth, Build build) {
+  auto& statement = index_statements_[(static_cast<std::uint64_t>(purpose) << 32) | (index << 8) | depth];
+  if (!statement) statement = std::make_unique<Statement>(*connection_, build());
+  return *statement;
+}
+
+std::optional<RowId> Table::FirstRow(Statement& statement, std::span<const Value> key) {
+  const Execution execution(statement);
+  for (std::size_t i = 0; i < key.size(); ++i) statement.Bind(static_cast<int>(i + 1), key[i]);
+  if (!statement.Step()) return std::nullopt;
+  return statement.Integer(0);
+}
+
+Table::CachedKey& Table::KeySlot(std::vector<CachedKey>& slots, std::size_t index, std::span<const Value> key) const {
+  std::size_t hash = index + 0x9E3779B97F4A7C15ULL * key.size();
+  for (const auto& value : key) hash = hash * 31 + HashOf(value);
+  return slots[(hash ^ (hash >> 17)) % kKeySlots];
+}
+
+bool Table::Holds(const CachedKey& slot, std::size_t index, std::span<const Value> key) const {
+  return connection_->InTransaction() && slot.epoch == connection_->Epoch() && slot.key_version == key_version_ &&
+         slot.index == index && std::equal(key.begin(), key.end(), slot.key.begin(), slot.key.end(), EqualAsKey);
+}
+
+void Table::Remember(CachedKey& slot, std::size_t index, std::span<const Value> key) const {
+  slot.epoch = connection_->Epoch();
+  slot.key_version = key_version_;
+  slot.index = index;
+  slot.key.assign(key.begin(), key.end());
+}
+
+std::optional<RowId> Table::Seek(std::size_t index, std::span<const Value> key) {
+  const auto depth = std::min(key.size(), indexes_[index].fields.size());
+  key = key.first(depth);
+  auto& slot = KeySlot(seeks_, index, key);
+  if (Holds(slot, index, key)) return slot.first;
+  auto& statement = IndexStatement('s', index, depth, [&] {
+    return fmt::format("SELECT rowid FROM {0} INDEXED BY {1}{2} ORDER BY {3} LIMIT 1", Quoted(name_),
+                       Quoted(name_ + "." + indexes_[index].name),
+                       depth == 0 ? "" : " WHERE " + KeyCondition(index, depth), Order(index, false));
+  });
+  const auto first = FirstRow(statement, key);
+  Remember(slot, index, key);
+  slot.first = first;
+  return first;
+}
+
+std::shared_ptr<const std::vector<RowId>> Table::Matching(std::size_t index, std::span<const Value> key) {
+  const auto depth = std::min(key.size(), indexes_[index].fields.size());
+  key = key.first(depth);
+  auto& slot = KeySlot(matches_, index, key);
+  if (Holds(slot, index, key)) return slot.matching;
+  auto& statement = IndexStatement('m', index, depth, [&] {
+    return fmt::format("SELECT rowid FROM {0} INDEXED BY {1}{2}", Quoted(name_),
+                       Quoted(name_ + "." + indexes_[index].name),
+                       depth == 0 ? "" : " WHERE " + KeyCondition(index, depth));
+  });
+  auto rows = std::make_shared<std::vector<RowId>>();
+  {
+    const Execution execution(statement);
+    for (std::size_t i = 0; i < depth; ++i) statement.Bind(static_cast<int>(i + 1), key[i]);
+    while (statement.Step()) rows->push_back(statement.Integer(0));
+  }
+  std::sort(rows->begin(), rows->end());
+  Remember(slot, index, key);
+  slot.matching = rows;
+  return rows;
+}
+
+std::optional<RowId> Table::EndOf(std::optional<std::size_t> index, bool last) {
+  auto& statement = IndexStatement(last ? 'l' : 'f', index.value_or(indexes_.size()), 0, [&] {
+    return fmt::format("SELECT rowid FROM {} ORDER BY {} LIMIT 1", Quoted(name_), Order(index, last));
+  });
+  return FirstRow(statement, {});
+}
+
+std::optional<RowId> Table::Neighbour(std::optional<std::size_t> index, RowId row, bool backward) {
+  const std::string_view beyond = backward ? "<" : ">";
+  const std::string_view direction = backward ? " DESC" : "";
+  if (!index) {
+    auto& statement = IndexStatement(backward ? 'p' : 'n', indexes_.size(), 0, [&] {
+      return fmt::format("SELECT rowid FROM {} WHERE rowid {} ?1 ORDER BY rowid{} LIMIT 1", Quoted(name_), beyond,
+                         direction);
+    });
+    const Execution execution(statement);
+    statement.Bind(1, row);
+    if (!statement.Step()) return std::nullopt;
+    return statement.Integer(0);
+  }
+
+  std::vector<Value> key;
+  for (const auto position : index_fields_[*index]) key.push_back(Row(row)[position]);
+  const auto& fields = indexes_[*index].fields;
+  // First among the rows with the same key, then among those that share less and less of it.
+  for (std::size_t shared = key.size() + 1; shared-- > 0;) {
+    const bool same_key = shared == key.size();
+    const bool null = !same_key && key[shared].IsNull();
+    if (null && backward) continue;  // nothing comes before null
+    const char purpose = static_cast<char>((backward ? 'A' : 'a') + (null ? 1 : 0));
+    auto& statement = IndexStatement(purpose, *index, shared + 1, [&] {
+      std::string step;
+      if (same_key) {
+        step = fmt::format("rowid {} ?{}", beyond, shared + 1);
+      } else if (null) {
+        step = fmt::format("{} IS NOT NULL", Quoted(fields[shared]));
+      } else if (backward) {
+        step = fmt::format("({0} < ?{1} OR {0} IS NULL)", Quoted(fields[shared]), shared + 1);
+      } else {
+        step = fmt::format("{} > ?{}", Quoted(fields[shared]), shared + 1);
+      }
+      return fmt::format("SELECT rowid FROM {} WHERE {}{}{} ORDER BY {} LIMIT 1", Quoted(name_),
+                         KeyCondition(*index, shared), shared == 0 ? "" : " AND ", step, Order(index, backward));
+    });
+    const Execution execution(statement);
+    for (std::size_t i = 0; i < shared; ++i) statement.Bind(static_cast<int>(i + 1), key[i]);
+    if (same_key) {
+      statement.Bind(static_cast<int>(shared + 1), row);
+    } else if (!null) {
+      statement.Bind(static_cast<int>(shared + 1), key[shared]);
+    }
+    if (statement.Step()) return statement.Integer(0);
+  }
+  return std::nullopt;
+}
+
+std::int64_t Table::Count() {
+  auto& statement = IndexStatement('c', indexes_.size(), 0, [&] { return "SELECT COUNT(*) FROM " + Quoted(name_); });
+  return FirstRow(statement, {}).value_or(0);
+}
+
+// Rows ----------------------------------------------------------------------------------------------------------------
+
+bool Table::Holds(const CachedRow& slot, RowId row) const {
+  return slot.version == version_ && slot.row == row && slot.epoch == connection_->Epoch();
+}
+
+bool Table::Load(CachedRow& slot, RowId row) {
+  if (!read_) {
+    read_ = std::make_unique<Statement>(*connection_, "SELECT * FROM " + Quoted(name_) + " WHERE rowid = ?1");
+  }
+  const Execution execution(*read_);
+  read_->Bind(1, row);
+  slot.version = 0;
+  if (!read_->Step()) return false;
+  slot.values.resize(fields_.size());
+  for (std::size_t i = 0; i < fields_.size(); ++i) read_->Read(static_cast<int>(i), slot.values[i]);
+  slot.row = row;
+  slot.version = version_;
+  slot.epoch = connection_->Epoch();
+  return true;
+}
+
+const RowValues& Table::Row(RowId row) {
+  auto& slot = Slot(row);
+  if (!Holds(slot, row) && !Load(slot, row)) throw RunTimeError(ErrorNumber::kRecordDeleted, "Record is deleted.");
+  return slot.values;
+}
+
+bool Table::Refresh(RowId row) {
+  auto& slot = Slot(row);
+  return (connection_->InTransaction() && Holds(slot, row)) || Load(slot, row);
+}
+
+void Table::RequireWritable() const {
+  if (connection_->ReadOnly()) connection_->Fail(SQLITE_READONLY);
+  connection_->RequireTransactionAlive();
+}
+
+RowId Table::Insert(RowValues& values) {
+  RequireWritable();
+  if (!insert_) {
+    std::string marks;
+    for (std::size_t i = 0; i < fields_.size(); ++i) marks += fmt::format("{}?{}", i == 0 ? "" : ", ", i + 1);
+    insert_ = std::make_unique<Statement>(*connection_, "INSERT INTO " + Quoted(name_) + " VALUES (" + marks + ")");
+  }
+  {
+    const Execution execution(*insert_);
+    for (std::size_t i = 0; i < values.size(); ++i) insert_->Bind(static_cast<int>(i + 1), values[i]);
+    insert_->Step();
+  }
+  ++key_version_;
+  const RowId row = sqlite3_last_insert_rowid(connection_->Handle());
+  auto& slot = Slot(row);
+  slot.values.swap(values);
+  if (counter_) slot.values[*counter_].SetInteger(row);
+  slot.row = row;
+  slot.version = version_;
+  slot.epoch = connection_->Epoch();
+  return row;
+}
+
+void Table::Update(RowId row, RowValues& values) {
+  RequireWritable();
+  const RowValues& stored = Row(row);
+  std::string changed(fields_.size(), '.');
+  bool any = false;
+  bool key_changed = false;
+  for (std::size_t i = 0; i < fields_.size(); ++i) {
+    if (stored[i] == values[i]) continue;
+    changed[i] = 'x';
+    any = true;
+    key_changed = key_changed || indexed_[i];
+  }
+  if (!any) return;
+  auto& statement = update_statements_[changed];
+  if (!statement) {
+    std::string assignments;
+    int parameter = 1;
+    for (std::size_t i = 0; i < fields_.size(); ++i) {
+      if (changed[i] != 'x') continue;
+      assignments += fmt::format("{}{} = ?{}", parameter == 1 ? "" : ", ", Quoted(fields_[i].name), parameter);
+      ++parameter;
+    }
+    statement = std::make_unique<Statement>(
+        *connection_, fmt::format("UPDATE {} SET {} WHERE rowid = ?{}", Quoted(name_), assignments, parameter));
+  }
+  {
+    const Execution execution(*statement);
+    int parameter = 1;
+    for (std::size_t i = 0; i < fields_.size(); ++i) {
+      if (changed[i] == 'x') statement->Bind(parameter++, values[i]);
+    }
+    statement->Bind(parameter, row);
+    statement->Step();
+  }
+  if (key_changed) ++key_version_;
+  Slot(row).values.swap(values);
+}
+
+void Table::Delete(RowId row) {
+  RequireWritable();
+  if (!delete_) {
+    delete_ = std::make_unique<Statement>(*connection_, "DELETE FROM " + Quoted(name_) + " WHERE rowid = ?1");
+  }
+  {
+    const Execution execution(*delete_);
+    delete_->Bind(1, row);
+    delete_->Step();
+  }
+  ++key_version_;
+  Slot(row).version = 0;
+}
+
+// Conversion ----------------------------------------------------------------------------------------------------------
+
+void Table::Convert(std::size_t field, double value, Value& stored) const {
+  const auto& definition = fields_[field];
+  if (!std::isfinite(value)) {
+    throw RunTimeError(ErrorNumber::kOverflow,
+                       fmt::format("Overflow: the value for the field '{}' of the table '{}' is not a "
+                                   "finite number.",
+                                   definition.name, name_));
+  }
+  switch (definition.type) {
+    case FieldType::kDouble:
+      stored.SetReal(value);
+      return;
+    case FieldType::kBoolean:
+      stored.SetInteger(value != 0 ? -1 : 0);
+      return;
+    case FieldType::kLong:
+    case FieldType::kCounter:
+      stored.SetInteger(Value(value).AsLong());
+      return;
+    case FieldType::kText:
+      Convert(field, std::string_view(Value(value).AsText()), stored);
+      return;
+  }
+}
+
+void Table::Convert(std::size_t field, std::string_view value, Value& stored) const {
+  const auto& definition = fields_[field];
+  if (definition.type == FieldType::kText) {
+    const auto width = static_cast<std::size_t>(definition.width);
+    if (width > 0 && value.size() > width && CharacterCount(value) > width) {
+      throw RunTimeError(
+          ErrorNumber::kTextTooLong,
+          fmt::format("The text is too long for the field '{}' of the table '{}', which holds {} characters.",
+                      definition.name, name_, width));
+    }
+    stored.SetText(value);
+    return;
+  }
+  try {
+    Convert(field, Value(value).AsDouble(), stored);
+  } catch (const RunTimeError& error) {
+    if (error.Number() != ErrorNumber::kTypeMismatch) throw;
+    throw RunTimeError(
+        ErrorNumber::kDataConversion,
+        fmt::format("The field '{}' of the table '{}' holds numbers, not \"{}\".", definition.name, name_, value));
+  }
+}
+
+void Table::Convert(std::size_t field, const Value& value, Value& stored) const {
+  switch (value.GetKind()) {
+    case Value::Kind::kNull:
+      stored.SetNull();
+      return;
+    case Value::Kind::kText:
+      Convert(field, std::string_view(value.RawText()), stored);
+      return;
+    case Value::Kind::kInteger:
+    case Value::Kind::kReal:
+      if (fields_[field].type == FieldType::kText) {
+        Convert(field, std::string_view(value.AsText()), stored);
+      } else {
+        Convert(field,
+                value.GetKind() == Value::Kind::kReal ? value.RawReal() : static_cast<double>(value.RawInteger()),
+                stored);
+      }
+      return;
+  }
+}
+
+RowValues Table::TakeBuffer() {
+  if (spare_buffers_.empty()) return RowValues(fields_.size());
+  RowValues buffer = std::move(spare_buffers_.back());
+  spare_buffers_.pop_back();
+  buffer.resize(fields_.size());
+  return buffer;
+}
+
+}  // namespace orvex::store

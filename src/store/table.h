@@ -1,0 +1,131 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "store/connection.h"
+#include "store/database.h"
+#include "store/value.h"
+
+namespace orvex::store {
+
+using RowId = std::int64_t;
+using RowValues = std::vector<Value>;
+
+/// One table of an open file, shared by all record sets on it: its definition, its statements, and the rows last read.
+///
+/// Rows and key look-ups are remembered only while a transaction is open, when nothing but this connection can change
+/// the file; every write through the table updates or drops what it touches, so edits are seen at once.
+class Table {
+ public:
+  /// Reads the definition from the file; error 3011 if there is no such table.
+  Table(std::shared_ptr<Connection> connection, std::string_view name);
+
+  [[nodiscard]] Connection& File() const { return *connection_; }
+  [[nodiscard]] const std::string& Name() const { return name_; }
+  [[nodiscard]] const std::vector<StoredField>& Fields() const { return fields_; }
+  [[nodiscard]] const std::vector<StoredIndex>& Indexes() const { return indexes_; }
+
+  /// Position of a field; `hint` is where the caller expects it and is moved behind it. Error 3265 if there is none.
+  [[nodiscard]] std::size_t FieldPosition(std::string_view name, std::size_t& hint) const;
+  /// Number of an index; error 3265 if there is none.
+  [[nodiscard]] std::size_t IndexNumber(std::string_view name) const;
+
+  // Keys -------------------------------------------------------------------------------------------------------------
+  /// First row, in the order of an index, whose key begins with these values.
+  std::optional<RowId> Seek(std::size_t index, std::span<const Value> key);
+  /// All such rows, in the order of the file.
+  std::shared_ptr<const std::vector<RowId>> Matching(std::size_t index, std::span<const Value> key);
+
+  /// Ends of the order of an index, or of the file without one.
+  std::optional<RowId> First(std::optional<std::size_t> index) { return EndOf(index, false); }
+  std::optional<RowId> Last(std::optional<std::size_t> index) { return EndOf(index, true); }
+  /// Neighbour of a row that exists.
+  std::optional<RowId> Neighbour(std::optional<std::size_t> index, RowId row, bool backward);
+  [[nodiscard]] std::int64_t Count();
+
+  // Rows -------------------------------------------------------------------------------------------------------------
+  /// A row's values; valid until the next call of any member. Error 3167 if the row is not there.
+  const RowValues& Row(RowId row);
+  /// Whether the row is there; reads it anew unless a transaction protects what is remembered.
+  bool Refresh(RowId row);
+  /// Both take the content of `values` over and leave another buffer in it.
+  RowId Insert(RowValues& values);
+  /// Writes the fields in which `values` differs from the stored row.
+  void Update(RowId row, RowValues& values);
+  void Delete(RowId row);
+
+  /// The value as the field stores it; see RecordSet::Set for the errors.
+  void Convert(std::size_t field, const Value& value, Value& stored) const;
+  void Convert(std::size_t field, double value, Value& stored) const;
+  void Convert(std::size_t field, std::string_view value, Value& stored) const;
+
+  /// Drops everything remembered: rows were changed by a statement that did not pass here.
+  void Forget() { ++version_, ++key_version_; }
+
+  /// A buffer for one row, given back by `ReturnBuffer`.
+  RowValues TakeBuffer();
+  void ReturnBuffer(RowValues buffer) { spare_buffers_.push_back(std::move(buffer)); }
+
+ private:
+  struct CachedRow {
+    RowId row = 0;
+    std::uint64_t version = 0;
+    std::uint64_t epoch = 0;
+    RowValues values;
+  };
+  struct CachedKey {
+    std::uint64_t key_version = 0;
+    std::uint64_t epoch = 0;
+    std::size_t index = 0;
+    std::vector<Value> key;
+    std::optional<RowId> first;                          ///< result of Seek
+    std::shared_ptr<const std::vector<RowId>> matching;  ///< result of Matching
+  };
+  static constexpr std::size_t kRowSlots = 512;
+  static constexpr std::size_t kKeySlots = 512;
+
+  void ReadDefinition();
+  [[nodiscard]] std::string NameError(std::string_view what, std::string_view name) const;
+  std::optional<RowId> EndOf(std::optional<std::size_t> index, bool last);
+  std::optional<RowId> FirstRow(Statement& statement, std::span<const Value> key);
+  CachedKey& KeySlot(std::vector<CachedKey>& slots, std::size_t index, std::span<const Value> key) const;
+  [[nodiscard]] bool Holds(const CachedKey& slot, std::size_t index, std::span<const Value> key) const;
+  void Remember(CachedKey& slot, std::size_t index, std::span<const Value> key) const;
+  /// The statement for what `sql` makes, prepared once per index and number of key values.
+  template <typename Build>
+  Statement& IndexStatement(char purpose, std::size_t index, std::size_t depth, Build build);
+  CachedRow& Slot(RowId row) { return rows_[static_cast<std::size_t>(row) % kRowSlots]; }
+  [[nodiscard]] bool Holds(const CachedRow& slot, RowId row) const;
+  bool Load(CachedRow& slot, RowId row);
+  [[nodiscard]] std::string KeyCondition(std::size_t index, std::size_t depth) const;
+  [[nodiscard]] std::string Order(std::optional<std::size_t> index, bool backward) const;
+  void RequireWritable() const;
+
+  std::shared_ptr<Connection> connection_;
+  std::string name_;
+  std::vector<StoredField> fields_;
+  std::vector<StoredIndex> indexes_;
+  std::vector<std::vector<std::size_t>> index_fields_;  ///< positions of each index's fields
+  std::vector<bool> indexed_;                           ///< whether any index holds the field
+  std::optional<std::size_t> counter_;                  ///< position of the Counter field
+
+  std::unordered_map<std::string, std::size_t> positions_;  ///< folded field name to position
+  std::unordered_map<std::uint64_t, std::unique_ptr<Statement>> index_statements_;
+  std::unordered_map<std::string, std::unique_ptr<Statement>> update_statements_;  ///< by the set of fields written
+  std::unique_ptr<Statement> read_, insert_, delete_;
+
+  std::uint64_t version_ = 1, key_version_ = 1;
+  std::vector<CachedRow> rows_;
+  std::vector<CachedKey> seeks_, matches_;
+  std::vector<RowValues> spare_buffers_;
+};
+
+}  // namespace orvex::store
