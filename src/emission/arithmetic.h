@@ -1,6 +1,10 @@
 #pragma once
 
-/// Arithmetic whose failures are run-time errors, so that no infinite or undefined number ever reaches a table.
+#include <cstdint>
+
+/// Arithmetic whose failures are run-time errors, so that no infinite or undefined number ever reaches a table. Each
+/// function but `SquareOf` gives error 6 for an argument that is not finite: an overflow further up that a quotient or
+/// a power of it would hide.
 namespace orvex::emission {
 
 /// Error 11 for a divisor of 0, 6 for a quotient that is not finite.
@@ -16,5 +20,9 @@ double Exponential(double exponent);
 double SquareRoot(double value);
 /// The value itself; error 6 unless it is finite.
 double Finite(double value);
+/// The nearest whole number, of two the even one; error 6 outside the range of a Long.
+std::int32_t RoundToWhole(double value);
+
+constexpr double SquareOf(double value) { return value * value; }
 
 }  // namespace orvex::emission

@@ -2,7 +2,8 @@
 
 #include <string_view>
 
-/// Typical numbers of deck fittings by tank diameter {ft}.
+/// Typical numbers of deck fittings by tank diameter {ft}. The formula counts (`StubDrains`, `LegsIFRT`) give error 6
+/// where a diameter calls for more fittings than a Long can count.
 namespace orvex::emission {
 
 int StubDrains(double diameter_ft, std::string_view deck_construction);

@@ -19,11 +19,13 @@ struct RoofShape {
 /// Effective diameter D_E {ft}; `length` is the shell height or, of a horizontal tank, its length.
 double EffDiam(double diameter, double length, std::string_view tank_type);
 
-/// Roof outage H_RO {ft}. A dome without roof height and radius takes the effective diameter as its radius, and
-/// `dome_radius` then holds it.
+/// Roof outage H_RO {ft}, 0 for a roof type that is not known. A dome without roof height and radius takes the
+/// effective diameter as its radius, and `dome_radius` then holds it. Error 5 for a dome radius shorter than the
+/// tank's, 11 for a dome on a tank without diameter.
 double HRO(const RoofShape& shape, double effective_diameter, double& dome_radius);
 
-/// Vapor space outage H_VO {ft}; `diameter` is the tank's actual one. Changes `dome_radius` as `HRO` does.
+/// Vapor space outage H_VO {ft}, 0 for a roof type that is not known; `diameter` is the tank's actual one. Changes
+/// `dome_radius` and fails as `HRO` does.
 double HVO(const RoofShape& shape, double effective_diameter, double& dome_radius, double diameter);
 
 /// Vapor space volume V_V {ft3}.
@@ -46,10 +48,8 @@ struct ExpansionInputs {
 /// Daily vapor temperature range {R}.
 double VaporTemperatureRange(const ExpansionInputs& inputs);
 
-/// Vapor space expansion factor before its floor of 0 {-}: what the entry check of the vents looks at.
-double UnboundedVaporExpansion(const ExpansionInputs& inputs);
-
-/// Vapor space expansion factor K_E {-}, never below 0.
+/// Vapor space expansion factor K_E {-}; 0 where it would be below 0. Error 11 for a surface temperature of 0, or a
+/// vapor pressure equal to the atmospheric.
 double VaporExpansion(const ExpansionInputs& inputs);
 
 /// Working loss product factor K_P {-}.

@@ -9,7 +9,7 @@ namespace orvex::emission {
 /// Product factor K_C {-}.
 double KC(std::string_view category);
 
-/// Vapor pressure function P* {-}.
+/// Vapor pressure function P* {-}. Error 11 for an atmospheric pressure of 0, 5 for a vapor pressure above it.
 double P(double vapor_pressure_psia, double atmospheric_psia);
 
 /// Clingage factor C {bbl per 1000 ft2}; 0 for an unknown category or condition.
@@ -19,7 +19,7 @@ double Clingage(std::string_view category, std::string_view shell_condition);
 double RimSealFactor(double k_ra, double k_rb, double exponent, double wind_mph);
 
 /// Withdrawal loss {lb} of a throughput {bbl}, liquid density {lb/gal}, diameter {ft}, clingage {bbl per 1000 ft2},
-/// columns {-} and effective column diameter {ft}.
+/// columns {-} and effective column diameter {ft}. Error 11 for a diameter of 0.
 double WithDrawalLoss(double throughput_bbl, double liquid_density, double diameter_ft, double clingage, double columns,
                       double column_diameter_ft);
 

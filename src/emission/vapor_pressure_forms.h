@@ -15,11 +15,12 @@ double AntoineVaporPressure(double a, double b, double c, double surface_r);
 /// Option 3: two coefficients with kelvins and mmHg; result {psia}.
 double KelvinVaporPressure(double a, double b, double surface_r);
 
-/// Option 4 for crude oils, from the Reid vapor pressure {psi}; result {psia}.
+/// Option 4 for crude oils, from the Reid vapor pressure {psi}; result {psia}. Error 5 for a Reid vapor pressure at or
+/// below 0.
 double CrudeOilVaporPressure(double reid_psi, double surface_r);
 
 /// Option 4 for refined stocks, from the Reid vapor pressure {psi} and the ASTM distillation slope at 10 percent
-/// {deg F per percent}; result {psia}.
+/// {deg F per percent}; result {psia}. Error 5 for a Reid vapor pressure at or below 0 and a slope below 0.
 double DistillateVaporPressure(double reid_psi, double astm_slope, double surface_r);
 
 }  // namespace orvex::emission
