@@ -43,6 +43,16 @@ void Trapped(Session& session, std::string_view routine, Body&& body) {
   }
 }
 
+/// A routine that writes to a database, as one transaction. When a failure ends its body, what it had written stays.
+template <typename Body>
+void TrappedWriting(Session& session, store::Database& database, std::string_view routine, Body&& body) {
+  Trapped(session, routine, [&] {
+    store::Transaction transaction(database);
+    Trapped(session, routine, std::forward<Body>(body));
+    transaction.Commit();
+  });
+}
+
 /// One statement of a routine: when there is no current record it is skipped, so that a variable it was to set keeps
 /// what it held, and the routine goes on with the next one.
 template <typename Body>

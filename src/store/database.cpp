@@ -184,6 +184,8 @@ Transaction::~Transaction() {
   }
 }
 
+void Transaction::RequireAlive() const { database_.impl_->connection->RequireTransactionAlive(); }
+
 void Transaction::Commit() {
   auto& connection = *database_.impl_->connection;
   if (outermost_) {

@@ -98,7 +98,10 @@ class Transaction {
   Transaction& operator=(const Transaction&) = delete;
   ~Transaction();
 
-  /// Makes the work lasting. Error 3034 if the store already had to undo it (disk full, read failure).
+  /// Error 3034 once the store had to undo the work (disk full, read failure).
+  void RequireAlive() const;
+
+  /// Makes the work lasting. Error 3034 as for `RequireAlive`.
   void Commit();
 
  private:

@@ -165,9 +165,7 @@ void RecordSet::SetIndex(std::string_view name) {
   impl_->no_match = false;
 }
 
-void RecordSet::Seek(std::initializer_list<Value> key) { Seek(std::vector<Value>(key)); }
-
-void RecordSet::Seek(const std::vector<Value>& key) {
+void RecordSet::Seek(std::span<const Value> key) {
   impl_->RequireTable("Seek");
   if (!impl_->index) ThrowNotSupported("Seek without a current index");
   const auto found = impl_->table->Seek(*impl_->index, key);

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <memory>
-#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,8 +39,8 @@ class RecordSet {
   /// Makes an index of the table current; an empty name returns to the order of the file. Moves to the first record.
   void SetIndex(std::string_view name);
   /// Moves to the first record whose index begins with these values, or leaves no current record and sets NoMatch.
-  void Seek(std::initializer_list<Value> key);
-  void Seek(const std::vector<Value>& key);
+  void Seek(std::initializer_list<Value> key) { Seek(std::span<const Value>(key.begin(), key.size())); }
+  void Seek(std::span<const Value> key);
   [[nodiscard]] bool NoMatch() const;
   void MoveFirst();
   void MoveNext();
