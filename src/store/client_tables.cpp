@@ -239,7 +239,7 @@ constexpr IndexInfo kEmissionIndexes[] = {{"COMPID", kByEmission, false}, {"USER
 constexpr FieldInfo kErrorFields[] = {
     Long("ID", "Tank number"),
     Text("USER ID", kFree, "Identification"),
-    Text("error", kFree, "Message"),
+    Text("error", kMessage, "Message"),
 };
 
 constexpr TableInfo kTables[] = {

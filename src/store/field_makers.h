@@ -9,6 +9,7 @@ namespace orvex::store::fields {
 // field may be where a person types or imports freely, and comfortable for the longest word where the program chooses.
 inline constexpr int kFree = 255;
 inline constexpr int kWord = 60;
+inline constexpr int kMessage = 500;  // the longest message with the longest mixture name has 369 characters
 inline constexpr int kName = 50;
 inline constexpr int kState = 50;
 inline constexpr int kCityKey = kName + 2 + kState;  // city, comma, blank, state
