@@ -5,16 +5,9 @@
 #include <algorithm>
 
 #include "store/run_time_error.h"
+#include "store/text_case.h"
 
 namespace orvex::store {
-namespace {
-
-constexpr char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-bool SameName(std::string_view a, std::string_view b) { return std::ranges::equal(a, b, {}, Lower, Lower); }
-
-}  // namespace
-
 const TableInfo& FindTable(std::string_view name) {
   for (const auto tables : {ClientTables(), ReferenceTables()}) {
     const auto found = std::ranges::find_if(tables, [&](const TableInfo& table) { return SameName(table.name, name); });

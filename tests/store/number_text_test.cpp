@@ -1,0 +1,37 @@
+#include "store/number_text.h"
+
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <string>
+
+namespace orvex::store {
+namespace {
+
+TEST(NumberText, WholeTextsThatAreNumbersAreRead) {
+  EXPECT_EQ(ParseNumber("0"), 0.0);
+  EXPECT_EQ(ParseNumber("-1"), -1.0);
+  EXPECT_EQ(ParseNumber("7.38661"), 7.38661);
+  EXPECT_EQ(ParseNumber("2e-5"), 0.00002);
+  EXPECT_EQ(ParseNumber(".5"), 0.5);
+}
+
+TEST(NumberText, AnythingElseIsNoNumber) {
+  for (const char* text : {"", " ", " 1", "1 ", "+1", "1,5", "1.5x", "0x10", "--1", "1e", "inf", "-inf", "nan", "1e400",
+                           "1\t", "\xC2\xA0", "one"}) {
+    EXPECT_EQ(ParseNumber(text), std::nullopt) << "'" << text << "'";
+  }
+}
+
+TEST(NumberText, ATextThatHoldsANulIsNoNumber) { EXPECT_EQ(ParseNumber(std::string_view("1\0", 2)), std::nullopt); }
+
+TEST(NumberText, ADecimalCommaLocaleChangesNothing) {
+  const std::string before = std::setlocale(LC_NUMERIC, nullptr);
+  std::setlocale(LC_NUMERIC, "de_DE.UTF-8");  // without that locale on the machine "C" is tested once more
+  EXPECT_EQ(ParseNumber("1.5"), 1.5);
+  EXPECT_EQ(ParseNumber("1,5"), std::nullopt);
+  std::setlocale(LC_NUMERIC, before.c_str());
+}
+
+}  // namespace
+}  // namespace orvex::store
