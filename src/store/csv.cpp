@@ -9,7 +9,7 @@
 #include <new>
 
 #include "store/run_time_error.h"
-#include "store/text_case.h"
+#include "store/letter_case.h"
 
 namespace orvex::store {
 namespace {
@@ -179,7 +179,7 @@ void CsvTable::TakeHeader(const Row& header) {
 }
 
 std::optional<std::size_t> CsvTable::FindColumn(std::string_view column) const {
-  const auto found = std::ranges::find_if(columns_, [&](const std::string& name) { return SameName(name, column); });
+  const auto found = std::ranges::find_if(columns_, [&](const std::string& name) { return EqualNoCase(name, column); });
   if (found == columns_.end()) return std::nullopt;
   return static_cast<std::size_t>(found - columns_.begin());
 }

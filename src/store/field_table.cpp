@@ -5,12 +5,12 @@
 #include <algorithm>
 
 #include "store/run_time_error.h"
-#include "store/text_case.h"
+#include "store/letter_case.h"
 
 namespace orvex::store {
 const TableInfo& FindTable(std::string_view name) {
   for (const auto tables : {ClientTables(), ReferenceTables()}) {
-    const auto found = std::ranges::find_if(tables, [&](const TableInfo& table) { return SameName(table.name, name); });
+    const auto found = std::ranges::find_if(tables, [&](const TableInfo& table) { return EqualNoCase(table.name, name); });
     if (found != tables.end()) return *found;
   }
   throw RunTimeError(ErrorNumber::kObjectNotFound, fmt::format("There is no table '{}'.", name));
@@ -18,7 +18,7 @@ const TableInfo& FindTable(std::string_view name) {
 
 const FieldInfo& FindField(const TableInfo& table, std::string_view name) {
   const auto found =
-      std::ranges::find_if(table.fields, [&](const FieldInfo& field) { return SameName(field.name, name); });
+      std::ranges::find_if(table.fields, [&](const FieldInfo& field) { return EqualNoCase(field.name, name); });
   if (found != table.fields.end()) return *found;
   throw RunTimeError(ErrorNumber::kItemNotFound, fmt::format("The table '{}' has no field '{}'.", table.name, name));
 }
