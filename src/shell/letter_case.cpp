@@ -1,0 +1,12 @@
+#include "shell/letter_case.h"
+
+namespace orvex::shell {
+
+std::string LowerCase(std::string_view text) {
+  std::string lower(text);
+  for (char& c : lower)
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  return lower;
+}
+
+}  // namespace orvex::shell

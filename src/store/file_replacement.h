@@ -1,0 +1,32 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace orvex::store {
+
+/// A file that takes the place of another only when it is complete: it is written beside it, flushed to the disk and
+/// renamed. Left without `Commit`, nothing changes. Errors: 3044 the folder is not there, 3043 the disk refused; both
+/// name the file.
+class FileReplacement {
+ public:
+  explicit FileReplacement(std::filesystem::path path);
+  FileReplacement(const FileReplacement&) = delete;
+  FileReplacement& operator=(const FileReplacement&) = delete;
+  ~FileReplacement();
+
+  void Write(std::string_view content);
+  void Commit();
+
+ private:
+  void Flush();
+  [[noreturn]] void Fail(int cause) const;
+
+  std::filesystem::path path_;
+  std::filesystem::path beside_;
+  std::string buffer_;
+  int file_ = -1;
+};
+
+}  // namespace orvex::store
