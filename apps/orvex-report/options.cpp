@@ -1,0 +1,113 @@
+#include "orvex-report/options.h"
+
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <string_view>
+
+#include "orvex-report/failure.h"
+#include "orvex-report/list_text.h"
+#include "orvex-report/terminal_text.h"
+#include "shell/letter_case.h"
+#include "shell/periods.h"
+#include "shell/status.h"
+
+namespace orvex::report_app {
+namespace {
+
+constexpr const char* kDescription =
+    "Computes the emissions of the tanks of a client database and writes their report.\n";
+
+constexpr const char* kFooter =
+    "\nUSER IDs are matched without regard to case; one that holds a comma or a quote is quoted as in a CSV file: "
+    "--tanks '\"T-1, north\",T-2'.\n"
+    "\nExit status: 0 done; 2 stopped on faults of the data, which are listed; 64 wrong use; 66 a file cannot be "
+    "opened; 70 a run-time failure was reported or an output cannot be written; 130 stopped by Ctrl-C.";
+
+struct KindName {
+  std::string_view name;
+  Kind kind;
+};
+
+constexpr KindName kKinds[] = {{"brief", Kind::kBrief}, {"summary", Kind::kSummary}, {"detail", Kind::kDetail}};
+
+[[noreturn]] void WrongUse(std::string description) { throw Failure{kWrongUse, std::move(description)}; }
+
+Kind ParseKind(const std::string& text) {
+  for (const auto& [name, kind] : kKinds)
+    if (shell::LowerCase(text) == name) return kind;
+  WrongUse(fmt::format("--kind: unknown kind of report '{}'; use brief, summary or detail", TerminalText(text)));
+}
+
+/// A full month name or its first three letters.
+std::size_t ParseMonth(const std::string& text) {
+  const auto lower = shell::LowerCase(text);
+  const auto month = std::ranges::find_if(shell::kMonths, [&](const shell::Month& candidate) {
+    return lower == shell::LowerCase(candidate.name) || lower == shell::LowerCase(candidate.suffix);
+  });
+  if (month == shell::kMonths.end())
+    WrongUse(fmt::format("--monthly: unknown month '{}'; use Jan,Feb,... or full names", TerminalText(text)));
+  return static_cast<std::size_t>(month - shell::kMonths.begin());
+}
+
+std::array<bool, 12> ParseMonths(const std::vector<std::string>& values) {
+  std::array<bool, 12> months{};
+  for (const auto& value : values)
+    for (const auto& month : SplitList(value)) months[ParseMonth(month)] = true;
+  if (std::ranges::none_of(months, [](bool chosen) { return chosen; })) WrongUse("--monthly: no month is named");
+  return months;
+}
+
+}  // namespace
+
+Options ParseOptions(const std::vector<std::string>& arguments) {
+  Options options;
+  std::vector<std::string> months;
+  std::string kind = "brief";
+  CLI::App app(kDescription, "orvex-report");
+  app.footer(kFooter);
+  app.set_help_flag("-h,--help", "Print this help and end");
+  app.set_version_flag("--version", fmt::format("orvex-report {}", shell::kVersion), "Print the version and end");
+  app.add_option("--client", options.client, "Client database")->type_name("FILE")->required();
+  app.add_option("--reference", options.reference, "Reference database; the delivered one if not given")
+      ->type_name("FILE");
+  app.add_option("--tanks", options.tanks, "Tanks by USER ID, all of them if not given; @FILE reads one a line")
+      ->type_name("all|ID,...|@FILE")
+      ->allow_extra_args(false);
+  bool whole_year = false;
+  auto* annual = app.add_flag("--annual", whole_year, "Report on the whole year");
+  auto* monthly = app.add_option("--monthly", months, "Report on these months")
+                      ->type_name("Jan,Feb,...")
+                      ->allow_extra_args(false)
+                      ->excludes(annual);
+  app.add_option("--kind", kind, "Kind of report: brief, summary or detail")->type_name("KIND")->capture_default_str();
+  app.add_option("--out", options.out, "Folder for the report, made if it is missing")
+      ->type_name("DIR")
+      ->capture_default_str();
+  auto* csv = app.add_option("--csv", options.csv, "Also write the emission rows of the tanks to a CSV file");
+  csv->type_name("FILE");
+  auto* quiet = app.add_flag("--quiet", options.quiet, "Print nothing but errors");
+  app.add_flag("--list", options.list, "Print the tanks with their types and compute nothing")
+      ->excludes(csv)
+      ->excludes(quiet);
+  try {
+    app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+  } catch (const CLI::CallForHelp&) {
+    options.text = app.help();
+    return options;
+  } catch (const CLI::CallForVersion& version) {
+    options.text = std::string(version.what()) + "\n";
+    return options;
+  } catch (const CLI::ParseError& error) {
+    WrongUse(TerminalText(error.what()));
+  }
+  options.kind = ParseKind(kind);
+  options.monthly = monthly->count() > 0;
+  if (options.monthly) options.months = ParseMonths(months);
+  if (!options.list && !options.monthly && !whole_year)
+    WrongUse("no period is given: use --annual or --monthly Jan,Feb,...");
+  return options;
+}
+
+}  // namespace orvex::report_app

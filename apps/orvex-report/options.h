@@ -1,0 +1,31 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace orvex::report_app {
+
+enum class Kind : std::uint8_t { kBrief, kSummary, kDetail };
+
+/// What the command line asks for.
+struct Options {
+  std::filesystem::path client;
+  std::filesystem::path reference;  ///< empty: the delivered one
+  std::vector<std::string> tanks;   ///< the values of `--tanks`, as given; empty: all tanks
+  bool monthly = false;
+  std::array<bool, 12> months{};  ///< January first; the chosen ones of a monthly report
+  Kind kind = Kind::kBrief;
+  std::filesystem::path out = ".";
+  std::filesystem::path csv;  ///< empty: none is written
+  bool list = false;
+  bool quiet = false;
+  std::string text;  ///< of `--help` and `--version`: printed, and nothing else is done
+};
+
+/// Reads the arguments, without the program's name. Throws `Failure`.
+Options ParseOptions(const std::vector<std::string>& arguments);
+
+}  // namespace orvex::report_app

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace orvex::report_app {
+
+/// What the program finds around it.
+struct Surroundings {
+  std::ostream& out;
+  std::ostream& err;
+  std::filesystem::path program = {};         ///< the program's own file: the delivered database stands near it
+  bool err_is_terminal = false;               ///< shows progress
+  std::function<bool()> stop_requested = {};  ///< true when the person has asked to stop
+};
+
+/// Does what the arguments (without the program's name) ask for; the exit status.
+int Run(const std::vector<std::string>& arguments, const Surroundings& surroundings);
+
+}  // namespace orvex::report_app
