@@ -9,9 +9,9 @@
 #include "orvex-report/failure.h"
 #include "orvex-report/list_text.h"
 #include "orvex-report/terminal_text.h"
-#include "shell/letter_case.h"
 #include "shell/periods.h"
 #include "shell/status.h"
+#include "store/letter_case.h"
 
 namespace orvex::report_app {
 namespace {
@@ -36,15 +36,15 @@ constexpr KindName kKinds[] = {{"brief", Kind::kBrief}, {"summary", Kind::kSumma
 
 Kind ParseKind(const std::string& text) {
   for (const auto& [name, kind] : kKinds)
-    if (shell::LowerCase(text) == name) return kind;
+    if (store::LowerCase(text) == name) return kind;
   WrongUse(fmt::format("--kind: unknown kind of report '{}'; use brief, summary or detail", TerminalText(text)));
 }
 
 /// A full month name or its first three letters.
 std::size_t ParseMonth(const std::string& text) {
-  const auto lower = shell::LowerCase(text);
+  const auto lower = store::LowerCase(text);
   const auto month = std::ranges::find_if(shell::kMonths, [&](const shell::Month& candidate) {
-    return lower == shell::LowerCase(candidate.name) || lower == shell::LowerCase(candidate.suffix);
+    return lower == store::LowerCase(candidate.name) || lower == store::LowerCase(candidate.suffix);
   });
   if (month == shell::kMonths.end())
     WrongUse(fmt::format("--monthly: unknown month '{}'; use Jan,Feb,... or full names", TerminalText(text)));

@@ -1,7 +1,7 @@
 #include "reports/losses.h"
 
-#include "shell/letter_case.h"
 #include "shell/tank_types.h"
+#include "store/letter_case.h"
 
 namespace orvex::reports {
 namespace {
@@ -74,7 +74,7 @@ std::vector<TankLosses> LossesByTank(store::Database& client) {
 
 double RollUpLoss(std::string_view tank_type, const Losses& losses) {
   if (shell::IsFixedRoof(tank_type)) return losses.FixedRoofTotal();
-  const bool floats = shell::LowerCase(tank_type).find("float") != std::string::npos;
+  const bool floats = store::LowerCase(tank_type).find("float") != std::string::npos;
   return floats ? losses.FloatingRoofTotal() : 0;
 }
 
