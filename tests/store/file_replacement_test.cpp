@@ -1,0 +1,105 @@
+#include "store/file_replacement.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
+#include <string>
+
+#include "support/expect_error.h"
+#include "support/file_content.h"
+#include "support/test_databases.h"
+
+namespace orvex::store {
+namespace {
+
+using test::EntryCount;
+using test::FileContent;
+using test::TemporaryFolder;
+
+TEST(FileReplacement, MakesANewFile) {
+  const TemporaryFolder folder;
+  FileReplacement file(folder.Path() / "new.txt");
+  file.Write("one ");
+  file.Write("two");
+  file.Commit();
+  EXPECT_EQ(FileContent(folder.Path() / "new.txt"), "one two");
+  EXPECT_EQ(EntryCount(folder.Path()), 1);
+}
+
+TEST(FileReplacement, KeepsTheOldFileUntilTheNewOneIsComplete) {
+  const TemporaryFolder folder;
+  const auto path = folder.Path() / "kept.txt";
+  test::WriteFile(path, "old");
+  FileReplacement file(path);
+  file.Write(std::string(200000, 'x'));
+  EXPECT_EQ(FileContent(path), "old");
+  file.Commit();
+  EXPECT_EQ(FileContent(path), std::string(200000, 'x'));
+}
+
+TEST(FileReplacement, LeavesNothingBehindWhenItIsGivenUp) {
+  const TemporaryFolder folder;
+  const auto path = folder.Path() / "kept.txt";
+  test::WriteFile(path, "old");
+  { FileReplacement(path).Write(std::string(200000, 'x')); }
+  EXPECT_EQ(FileContent(path), "old");
+  EXPECT_EQ(EntryCount(folder.Path()), 1);
+}
+
+TEST(FileReplacement, TwoOfThemOnOneFileDoNotMix) {
+  const TemporaryFolder folder;
+  const auto path = folder.Path() / "shared.txt";
+  FileReplacement first(path);
+  FileReplacement second(path);
+  first.Write("first");
+  second.Write("second");
+  second.Commit();
+  first.Commit();
+  EXPECT_EQ(FileContent(path), "first");
+}
+
+TEST(FileReplacement, NamesTheFileWhoseFolderIsMissing) {
+  const TemporaryFolder folder;
+  const auto path = folder.Path() / "missing" / "file.txt";
+  try {
+    FileReplacement file(path);
+    FAIL() << "made a file without a folder";
+  } catch (const RunTimeError& error) {
+    EXPECT_EQ(error.Number(), ErrorNumber::kInvalidPath);
+    EXPECT_NE(error.Description().find(path.string()), std::string::npos) << error.Description();
+  }
+}
+
+TEST(FileReplacement, CannotReplaceAFolder) {
+  const TemporaryFolder folder;
+  const auto path = folder.Path() / "taken";
+  std::filesystem::create_directory(path);
+  FileReplacement file(path);
+  file.Write("x");
+  EXPECT_RUN_TIME_ERROR(file.Commit(), ErrorNumber::kDiskFailure);
+}
+
+TEST(FileReplacement, NamesAFolderThatTakesNoFiles) {
+  if (!std::filesystem::exists("/proc/self")) GTEST_SKIP() << "no folder that refuses files to everybody";
+  EXPECT_RUN_TIME_ERROR(FileReplacement("/proc/self/file.txt"), ErrorNumber::kDiskFailure);
+}
+
+TEST(FileReplacement, ADiskThatFillsUpLeavesTheOldFile) {
+  const TemporaryFolder folder;
+  const auto path = folder.Path() / "kept.txt";
+  test::WriteFile(path, "old");
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit small{100000, before.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &small);
+  EXPECT_RUN_TIME_ERROR(FileReplacement(path).Write(std::string(200000, 'x')), ErrorNumber::kDiskFailure);
+  setrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_EQ(FileContent(path), "old");
+  EXPECT_EQ(EntryCount(folder.Path()), 1);
+}
+
+}  // namespace
+}  // namespace orvex::store
