@@ -51,6 +51,7 @@ std::string CsvField(const store::Value& value) {
 void WriteEmissionCsv(store::Database& client, const std::vector<ChosenTank>& tanks,
                       const std::filesystem::path& path) {
   store::FileReplacement file(path);
+  store::Transaction view(client, store::Transaction::Purpose::kRead);
   std::string line;
   const auto end_line = [&] {
     line.pop_back();
@@ -65,6 +66,7 @@ void WriteEmissionCsv(store::Database& client, const std::vector<ChosenTank>& ta
       end_line();
     }
   }
+  view.Commit();
   file.Commit();
 }
 

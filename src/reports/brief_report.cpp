@@ -131,16 +131,23 @@ void AddSummary(shell::Session& session, pugi::xml_node report) {
   AddElement(summary, "Total", shell::FormatTwoDecimals(total));
 }
 
+void AddContent(shell::Session& session, pugi::xml_node report) {
+  // One view of the file for all queries, so that the roll-up agrees with the tanks above it.
+  store::Transaction view(*session.ClientDb, store::Transaction::Purpose::kRead);
+  AddElement(report, "TYPE", "Brief");
+  AddTimePeriods(session, report);
+  AddTanks(session, report);
+  if (session.TankList.size() > 1) AddSummary(session, report);
+  view.Commit();
+}
+
 }  // namespace
 
 void BriefReport(shell::Session& session) {
   shell::Trapped(session, kLabel, [&] {
     const shell::BusyScope busy(session.host, "Processing report");
     ReportDocument document;
-    AddElement(document.Root(), "TYPE", "Brief");
-    AddTimePeriods(session, document.Root());
-    AddTanks(session, document.Root());
-    if (session.TankList.size() > 1) AddSummary(session, document.Root());
+    AddContent(session, document.Root());
     document.Save(session.application_folder / kBriefData);
     session.host.Navigate((session.application_folder / kBriefDisplay).string());
   });
