@@ -1,0 +1,50 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <functional>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "orvex-report/run.h"
+#include "support/test_databases.h"
+
+namespace orvex::test {
+
+/// Two databases in a folder of their own, and the batch program called on them.
+class ReportProgram : public testing::Test {
+ protected:
+  [[nodiscard]] std::string Client() const { return (test_.folder.Path() / "client1.mdb").string(); }
+  [[nodiscard]] std::string Reference() const { return (test_.folder.Path() / "tankdata.mdb").string(); }
+  [[nodiscard]] std::filesystem::path Output() const { return test_.folder.Path() / "out"; }
+
+  /// Runs the program as if it were installed in the folder's bin/.
+  int Run(const std::vector<std::string>& arguments) {
+    return report_app::Run(arguments, {.out = out_,
+                                       .err = err_,
+                                       .program = test_.folder.Path() / "bin" / "orvex-report",
+                                       .err_is_terminal = terminal_,
+                                       .stop_requested = stop_requested_});
+  }
+
+  /// Runs it on the two databases, with the report in `Output` unless the arguments say otherwise.
+  int RunOn(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), {"--client", Client(), "--reference", Reference()});
+    if (std::ranges::find(arguments, "--out") == arguments.end())
+      arguments.insert(arguments.end(), {"--out", Output().string()});
+    return Run(arguments);
+  }
+
+  /// The text stands on the error stream.
+  [[nodiscard]] bool Told(const std::string& text) const { return err_.str().find(text) != std::string::npos; }
+
+  TestSession test_;
+  std::ostringstream out_, err_;
+  bool terminal_ = false;
+  std::function<bool()> stop_requested_;
+};
+
+}  // namespace orvex::test
