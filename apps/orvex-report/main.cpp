@@ -18,13 +18,23 @@ static_assert(std::atomic<bool>::is_always_lock_free);
 
 void RequestStop(int) { stop_requested = true; }
 
-/// The first signal asks the run to stop; a second one ends the program at once.
+/// The first signal asks the run to stop; a second one ends the program at once. A program that was started with the
+/// signals ignored, as one in the background is, goes on ignoring them; one that was started with them blocked hears
+/// them.
 void HandleSignals() {
   struct sigaction action {};
   action.sa_handler = RequestStop;
   action.sa_flags = static_cast<int>(SA_RESETHAND) | SA_RESTART;
   sigemptyset(&action.sa_mask);
-  for (const int signal : {SIGINT, SIGTERM}) sigaction(signal, &action, nullptr);
+  sigset_t handled;
+  sigemptyset(&handled);
+  for (const int signal : {SIGINT, SIGTERM}) {
+    struct sigaction inherited {};
+    sigaction(signal, nullptr, &inherited);
+    if (inherited.sa_handler != SIG_IGN) sigaction(signal, &action, nullptr);
+    sigaddset(&handled, signal);
+  }
+  sigprocmask(SIG_UNBLOCK, &handled, nullptr);
 }
 
 }  // namespace
