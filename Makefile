@@ -1,0 +1,61 @@
+# The commands of daily work. Each sets up what it needs, so all of them work in a fresh clone on Debian 12.
+.DEFAULT_GOAL := help
+SHELL := /bin/bash
+
+# `make SETUP=: ...` leaves the installing out, on a system that the installer does not know.
+SETUP := tools/setup.sh
+
+release := build/release
+program := $(release)/apps/orvex-report/orvex-report
+sample := $(release)/samples/client1.mdb
+reference := $(release)/data/tankdata.mdb
+
+# What `make run` asks of the program.
+ARGS := --list
+
+.PHONY: help build report run test bench format lint coverage clean
+
+help: ## Print this list
+	@awk -F ':.*## ' '/^[a-z]+:.*## / {printf "  make %-10s %s\n", $$1, $$2}' $(MAKEFILE_LIST)
+
+# A build folder that only this target made leaves the tests out, so that it needs none of their packages.
+build: ## Build the program and the databases into build/release
+	@$(SETUP) build
+	@test -f $(release)/build.ninja || cmake --preset release -DORVEX_TESTS=OFF -DORVEX_BENCH=OFF >/dev/null
+	@cmake --build --preset release --target orvex-report databases
+
+report: build ## Compute the sample inventory: losses of each tank, and the brief report in build/release/report
+	@mkdir -p $(release)/report
+	@cp $(sample) $(release)/report/client1.mdb
+	@$(program) --client $(release)/report/client1.mdb --reference $(reference) --annual --out $(release)/report
+
+run: build ## Run the program on a copy of the sample inventory, with ARGS="..." (as it stands: --list)
+	@mkdir -p $(release)/run
+	@cp $(sample) $(release)/run/client1.mdb
+	@$(program) --client $(release)/run/client1.mdb --reference $(reference) --out $(release)/run $(ARGS)
+
+test: ## All that a change must pass: both compilers, sanitizers, decimal comma, format, lint
+	@$(SETUP) build test clang lint
+	@tools/test.sh
+
+bench: ## Build and run the benchmarks
+	@$(SETUP) build test
+	@cmake --preset release >/dev/null
+	@cmake --build --preset release
+	@set -e; for program in $(release)/bench/*_bench; do $$program; done
+
+format: ## Format the C++ files in place
+	@$(SETUP) lint
+	@tools/format.sh
+
+lint: ## Run clang-tidy and shellcheck
+	@$(SETUP) build test clang lint
+	@cmake --preset clang >/dev/null
+	@tools/lint.sh build/clang
+
+coverage: ## Run the suite with line coverage; fails below 95 % in src/emission or src/store
+	@$(SETUP) build test coverage
+	@tools/coverage.sh
+
+clean: ## Remove build/
+	rm -rf build
