@@ -25,7 +25,7 @@ using Errors = std::vector<std::string>;
 using Changes = std::vector<std::pair<std::string_view, store::Value>>;
 using AddTank = std::int32_t (*)(test::TestSession&, test::FieldValues);
 
-inline const store::Value kNull;
+inline const store::Value kNull{};
 inline constexpr const char* kTankErrors = "Tank errors must be fixed before mixture information can be checked.";
 inline constexpr const char* kTurnoverDisagrees = "The throughput, volume and turnovers must agree within 10%.";
 
@@ -78,6 +78,11 @@ class ValidateTest : public ::testing::Test {
 
   test::TestSession test;
   store::Database& client = test.client();
+
+ private:
+  // As in a run: one stretch of work on each file. Never committed, the files go with the test.
+  store::Transaction client_work_{test.client()};
+  store::Transaction reference_work_{test.reference()};
 };
 
 }  // namespace orvex::emission
