@@ -1,9 +1,29 @@
 #!/usr/bin/env bash
-# Runs clang-tidy over the program's own code, and shellcheck over the scripts.
+# Checks who includes whom, and runs clang-tidy over the program's own code and shellcheck over the scripts.
 #   tools/lint.sh BUILD_FOLDER      a configured build folder with compile_commands.json, best the clang one
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
+layers=(store shell emission reports) # each may include those in front of it
+
+CheckIncludes() {
+  local i higher result=0
+  for i in "${!layers[@]}"; do
+    higher=$(IFS='|' && printf '%s' "${layers[*]:i+1}")
+    [[ -n $higher ]] || continue
+    if grep -rnE "#include \"($higher)/" "src/${layers[i]}"; then
+      printf 'src/%s includes a layer above it\n' "${layers[i]}" >&2
+      result=1
+    fi
+  done
+  if grep -rnE '#include <Q[A-Z]' src apps --exclude-dir=windows --exclude-dir=orvex; then
+    printf 'only src/windows and apps/orvex may include Qt\n' >&2
+    result=1
+  fi
+  return "$result"
+}
+
+CheckIncludes
 find src apps tools -name '*.cpp' -print0 |
   xargs -0 --no-run-if-empty --max-args=1 --max-procs="$(nproc)" clang-tidy --quiet -p "$1"
 shellcheck tools/*.sh .ci/run
