@@ -104,7 +104,7 @@ Liquid ReadLiquid(Session& session, int32_t ID, int32_t MixID, RecordSet& mixtur
   Liquid liquid;
   const std::string component = ReadText(mixture, "COMPONENT");
   if (component != shell::kSingle && component != shell::kMultiple) return liquid;
-  const std::string speciation = component == shell::kSingle ? "" : ReadTextOrEmpty(mixture, "SPEC_OPT");
+  const std::string speciation = component == shell::kSingle ? "" : ReadText(mixture, "SPEC_OPT");
   if (speciation == shell::kFullSpeciation) {
     liquid.average_psia = MixturePVA(session, ID, MixID, t.average);
     liquid.minimum_psia = MixturePVA(session, ID, MixID, t.minimum);

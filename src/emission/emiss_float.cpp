@@ -92,7 +92,7 @@ Liquid ReadLiquid(Session& session, int32_t ID, int32_t MixID, RecordSet& mixtur
   Liquid liquid;
   const std::string component = ReadText(mixture, "COMPONENT");
   if (component != shell::kSingle && component != shell::kMultiple) return liquid;
-  if (component == shell::kMultiple && ReadTextOrEmpty(mixture, "SPEC_OPT") == shell::kFullSpeciation) {
+  if (component == shell::kMultiple && ReadText(mixture, "SPEC_OPT") == shell::kFullSpeciation) {
     liquid.vapor_psia = MixturePVA(session, ID, MixID, average_r);
     liquid.vapor_weight = MixVaporMW(session, ID, MixID, average_r);
     liquid.liquid_weight = MixLiquidMW(session, ID, MixID);
