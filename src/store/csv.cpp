@@ -8,8 +8,8 @@
 #include <iterator>
 #include <new>
 
-#include "store/run_time_error.h"
 #include "store/letter_case.h"
+#include "store/run_time_error.h"
 
 namespace orvex::store {
 namespace {

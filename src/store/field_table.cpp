@@ -4,13 +4,14 @@
 
 #include <algorithm>
 
-#include "store/run_time_error.h"
 #include "store/letter_case.h"
+#include "store/run_time_error.h"
 
 namespace orvex::store {
 const TableInfo& FindTable(std::string_view name) {
   for (const auto tables : {ClientTables(), ReferenceTables()}) {
-    const auto found = std::ranges::find_if(tables, [&](const TableInfo& table) { return EqualNoCase(table.name, name); });
+    const auto found =
+        std::ranges::find_if(tables, [&](const TableInfo& table) { return EqualNoCase(table.name, name); });
     if (found != tables.end()) return *found;
   }
   throw RunTimeError(ErrorNumber::kObjectNotFound, fmt::format("There is no table '{}'.", name));

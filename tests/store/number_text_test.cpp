@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <clocale>
-#include <string>
-
 namespace orvex::store {
 namespace {
 
@@ -24,14 +21,6 @@ TEST(NumberText, AnythingElseIsNoNumber) {
 }
 
 TEST(NumberText, ATextThatHoldsANulIsNoNumber) { EXPECT_EQ(ParseNumber(std::string_view("1\0", 2)), std::nullopt); }
-
-TEST(NumberText, ADecimalCommaLocaleChangesNothing) {
-  const std::string before = std::setlocale(LC_NUMERIC, nullptr);
-  std::setlocale(LC_NUMERIC, "de_DE.UTF-8");  // without that locale on the machine "C" is tested once more
-  EXPECT_EQ(ParseNumber("1.5"), 1.5);
-  EXPECT_EQ(ParseNumber("1,5"), std::nullopt);
-  std::setlocale(LC_NUMERIC, before.c_str());
-}
 
 }  // namespace
 }  // namespace orvex::store

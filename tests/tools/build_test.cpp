@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <fstream>
 
+#include "emission/typical_fittings.h"
 #include "emission/validate.h"
+#include "shell/tank_types.h"
 #include "support/test_databases.h"
 #include "tools/made_rows.h"
 
@@ -122,18 +124,61 @@ TEST(SampleDatabase, HoldsTanksOfEveryTypeUnderTheNumbersOfTheirFile) {
   EXPECT_EQ(types.size(), 5u);
 }
 
-TEST(SampleDatabase, EverySampleTankPassesValidation) {
-  SampleSession samples;
-  for (const char* report_time : {"Annual", "Monthly"}) {
-    samples.session.ReportTime = report_time;
-    for (auto tanks = samples.session.ClientDb->OpenTable("tank"); !tanks.AtEnd(); tanks.MoveNext()) {
-      emission::Validate(samples.session, tanks.Long("ID"));
-      EXPECT_FALSE(samples.session.ValidationFailed) << tanks.Text("USER ID");
-    }
+/// Validates every tank and expects no fault.
+void ExpectSound(SampleSession& samples) {
+  for (auto tanks = samples.session.ClientDb->OpenTable("tank"); !tanks.AtEnd(); tanks.MoveNext()) {
+    emission::Validate(samples.session, tanks.Long("ID"));
+    EXPECT_FALSE(samples.session.ValidationFailed) << tanks.Text("USER ID");
   }
   for (auto errors = samples.session.ClientDb->OpenTable("error"); !errors.AtEnd(); errors.MoveNext()) {
     ADD_FAILURE() << errors.Text("USER ID") << ": " << errors.Text("error");
   }
+}
+
+TEST(SampleDatabase, EveryTankMayBeReportedForTheYear) {
+  SampleSession samples;
+  samples.session.ReportTime = "Annual";
+  ExpectSound(samples);
+}
+
+TEST(SampleDatabase, EveryTankMayBeReportedForAMonth) {
+  SampleSession samples;
+  samples.session.ReportTime = "Monthly";
+  samples.session.MonthSelected[6] = true;
+  ExpectSound(samples);
+}
+
+/// The fittings of a tank, one text a row.
+std::vector<std::string> FittingTexts(store::Database& client, std::int32_t ID) {
+  std::vector<std::string> texts;
+  for (auto rows = client.OpenMatching("fittings", "fitid", {ID}); !rows.AtEnd(); rows.MoveNext()) {
+    std::string& text = texts.emplace_back();
+    for (int field = 0; field < rows.FieldCount(); ++field) {
+      text += rows.Get(field).IsNull() ? "null" : rows.Get(field).AsText();
+      text += '|';
+    }
+  }
+  return texts;
+}
+
+TEST(SampleDatabase, TypicalFittingsAreThoseThatTheProgramFillsIn) {
+  SampleSession samples;
+  int typical = 0;
+  for (auto tanks = samples.session.ClientDb->OpenTable("tank"); !tanks.AtEnd(); tanks.MoveNext()) {
+    if (tanks.TextOrEmpty("FITTING") != "Typical") continue;
+    ++typical;
+    const std::int32_t ID = tanks.Long("ID");
+    const auto delivered = FittingTexts(*samples.session.ClientDb, ID);
+    if (tanks.Text("TANK_TYPE") == shell::kInternalFloatingRoof) {
+      emission::TypicalFitIFRT(samples.session, ID, tanks.Text("DECK_TYPE"), tanks.Bool("SELF_SUP"),
+                               tanks.Double("DIAMETER"));
+    } else {
+      emission::TypicalFitEFRT(samples.session, ID, tanks.Text("RF_TYPE"), tanks.Text("RIM_PRIM"),
+                               tanks.Double("DIAMETER"));
+    }
+    EXPECT_EQ(FittingTexts(*samples.session.ClientDb, ID), delivered) << tanks.Text("USER ID");
+  }
+  EXPECT_GE(typical, 5);
 }
 
 }  // namespace
