@@ -70,6 +70,13 @@ TEST(RoofOutage, OfADomeFollowsFromItsHeight) {
   EXPECT_EQ(dome_radius, 0) << "a dome of known height needs no radius";
 }
 
+TEST(RoofOutage, ALowRoofStillHasAHeight) {
+  // Cone: 0.5 / 3; dome: 0.5 * (1/2 + 1/6 * (0.5 / 15)^2) = 0.250092593
+  double dome_radius = 24;
+  EXPECT_DOUBLE_EQ(HRO(Vertical("Cone", 0.5), 30, dome_radius), 0.16666666666666667);
+  EXPECT_DOUBLE_EQ(HRO(Vertical("Dome", 0.5), 30, dome_radius), 0.25009259259259259);
+}
+
 TEST(RoofOutage, OfADomeWithoutHeightFollowsFromItsRadius) {
   // H = 24 - root of (24^2 - 15^2) = 24 - 18.7349940 = 5.26500600
   // 5.26500600 * (1/2 + 1/6 * (5.26500600 / 15)^2) = 2.74061225

@@ -46,6 +46,12 @@ TEST(TabulatedVaporPressure, HasNoStepAtTheBorderOfTwoBands) {
   }
 }
 
+TEST(TabulatedVaporPressure, AtABorderBelongsToTheBandBelowIt) {
+  // 509.67 - 459.67 is 50 to the last bit, and so is (50 - 40) / 10 = 1; 0.706 + 1 * (6.396 - 0.706) in IEEE doubles is
+  // one bit short of the 6.396 that the band from 50 would start with.
+  EXPECT_EQ(TabulatedVaporPressure({0.706, 6.396, 7, 7, 7, 7, 7}, 509.67), 0x1.995810624dd2ep+2);
+}
+
 TEST(TabulatedVaporPressure, KeepsTheOrderOfItsArithmetic) {
   // 69.72 deg F between 1.2839 and 4.0944 psia, IEEE doubles, one operation after the other; dividing by 10 last ends
   // in ...75d.
