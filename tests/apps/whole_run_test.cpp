@@ -103,10 +103,10 @@ TEST_F(WholeRunTest, ProgressIsShownOnATerminalAndClearedAtTheEnd) {
 }
 
 TEST_F(WholeRunTest, FaultsOfTheDataAreListedAndStopTheRun) {
-  test::ChangeRow(test_.client(), "tank", "USER ID", {"D"}, {{"DIAMETER", 0.0}});
+  test::ChangeRow(test_.client(), "tank", "USER ID", {"D"}, {{"MET CTYST", "Nowhere, Ohio"}});
   const auto csv = test_.folder.Path() / "rows.csv";
   EXPECT_EQ(RunOn({"--annual", "--csv", csv.string()}), kDataFaults);
-  EXPECT_TRUE(err_.str().starts_with("D: ")) << err_.str();
+  EXPECT_TRUE(err_.str().starts_with("D: Nearest major city must be specified.\n")) << err_.str();
   EXPECT_EQ(static_cast<std::size_t>(Count(err_.str(), "\n")), Rows("error").size()) << err_.str();
   EXPECT_EQ(out_.str(), "");
   EXPECT_TRUE(Rows("emission").empty());
