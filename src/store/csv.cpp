@@ -209,7 +209,7 @@ std::string CsvLine(std::span<const CsvCell> cells) {
     for (const char c : *cell) line.append(c == '"' ? 2 : 1, c);
     line += '"';
   }
-  return line + '\n';
+  return line + "\r\n";
 }
 
 }  // namespace orvex::store

@@ -56,7 +56,7 @@ class CsvTable {
   std::vector<Row> rows_;
 };
 
-/// One line of a CSV file with its line end (LF); cells are quoted where they have to be.
+/// One line of a CSV file (RFC 4180) with its line end (CRLF); cells are quoted where they have to be.
 std::string CsvLine(std::span<const CsvCell> cells);
 
 }  // namespace orvex::store

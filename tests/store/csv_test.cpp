@@ -198,7 +198,7 @@ TEST(Csv, ARefusedCellIsNamedByFileLineAndColumn) {
 
 TEST(CsvLine, CellsAreQuotedOnlyWhereTheyHaveToBe) {
   const CsvCell cells[] = {"a", std::nullopt, "", "b,c", "d \"e\"", "f\ng", " h "};
-  EXPECT_EQ(CsvLine(cells), "a,,\"\",\"b,c\",\"d \"\"e\"\"\",\"f\ng\", h \n");
+  EXPECT_EQ(CsvLine(cells), "a,,\"\",\"b,c\",\"d \"\"e\"\"\",\"f\ng\", h \r\n");
 }
 
 TEST(CsvLine, WhatIsWrittenReadsBackTheSame) {
