@@ -38,7 +38,7 @@ std::unique_ptr<store::Database> OpenTested(const std::filesystem::path& path, s
 std::filesystem::path FindDelivered(const std::filesystem::path& program) {
   std::string tried;
   for (const auto* place : kDelivered) {
-    const auto path = (program.parent_path() / place).lexically_normal();
+    auto path = (program.parent_path() / place).lexically_normal();
     std::error_code ignored;
     if (std::filesystem::exists(path, ignored)) return path;
     tried += (tried.empty() ? "'" : " or '") + TerminalText(path.string()) + "'";
