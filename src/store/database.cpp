@@ -39,7 +39,7 @@ Statement& Database::Impl::Prepare(const std::string& sqlite_sql, std::string_vi
   }
 }
 
-Database::Database(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
+Database::Database(std::shared_ptr<Impl> impl) : impl_(std::move(impl)) {}
 Database::~Database() = default;
 
 std::unique_ptr<Database> Database::Open(const std::filesystem::path& path, OpenMode mode) {
@@ -51,7 +51,7 @@ std::unique_ptr<Database> Database::Open(const std::filesystem::path& path, Open
     Statement schema(*connection, "SELECT COUNT(*) FROM sqlite_master");
     schema.Step();
   }
-  return std::unique_ptr<Database>(new Database(std::make_unique<Impl>(std::move(connection))));
+  return std::unique_ptr<Database>(new Database(std::make_shared<Impl>(std::move(connection))));
 }
 
 std::unique_ptr<Database> Database::Create(const std::filesystem::path& path, std::span<const TableInfo> tables) {
@@ -60,7 +60,7 @@ std::unique_ptr<Database> Database::Create(const std::filesystem::path& path, st
     throw RunTimeError(ErrorNumber::kTableExists, fmt::format("The file {} already exists.", path.string()));
   }
   auto connection = std::make_shared<Connection>(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-  std::unique_ptr<Database> database(new Database(std::make_unique<Impl>(std::move(connection))));
+  std::unique_ptr<Database> database(new Database(std::make_shared<Impl>(std::move(connection))));
   Transaction transaction(*database);
   for (const auto& table : tables) database->CreateTable(table);
   transaction.Commit();
@@ -71,13 +71,13 @@ const std::filesystem::path& Database::Path() const { return impl_->connection->
 bool Database::ReadOnly() const { return impl_->connection->ReadOnly(); }
 
 RecordSet Database::OpenTable(std::string_view name) {
-  return RecordSet(std::make_unique<RecordSet::Impl>(RecordSet::Impl::Kind::kTable, *impl_, impl_->GetTable(name)));
+  return RecordSet(std::make_unique<RecordSet::Impl>(RecordSet::Impl::Kind::kTable, impl_, impl_->GetTable(name)));
 }
 
 RecordSet Database::OpenMatching(std::string_view table_name, std::string_view index,
                                  std::initializer_list<Value> key) {
   auto table = impl_->GetTable(table_name);
-  auto set = std::make_unique<RecordSet::Impl>(RecordSet::Impl::Kind::kKeyed, *impl_, table);
+  auto set = std::make_unique<RecordSet::Impl>(RecordSet::Impl::Kind::kKeyed, impl_, table);
   set->source.index = table->IndexNumber(index);
   set->source.key = key;
   set->Fill();
@@ -91,7 +91,7 @@ RecordSet Database::OpenQuery(std::string_view sql) {
   }
   const bool keyed = translation.kind == QueryKind::kWholeRows;
   auto set = std::make_unique<RecordSet::Impl>(keyed ? RecordSet::Impl::Kind::kKeyed : RecordSet::Impl::Kind::kSnapshot,
-                                               *impl_, keyed ? impl_->GetTable(translation.table) : nullptr);
+                                               impl_, keyed ? impl_->GetTable(translation.table) : nullptr);
   set->source.query = sql;
   set->Fill();
   return RecordSet(std::move(set));
@@ -173,26 +173,25 @@ bool Database::IntegrityCheck() {
 // Transactions --------------------------------------------------------------------------------------------------------
 
 Transaction::Transaction(Database& database, Purpose purpose)
-    : database_(database), outermost_(database.impl_->connection->Begin(purpose == Purpose::kWrite)) {}
+    : connection_(database.impl_->connection), outermost_(connection_->Begin(purpose == Purpose::kWrite)) {}
 
 Transaction::~Transaction() {
   if (done_) return;
   if (outermost_) {
-    database_.impl_->connection->RollBackOutermost();
+    connection_->RollBackOutermost();
   } else {
-    database_.impl_->connection->Leave();
+    connection_->Leave();
   }
 }
 
-void Transaction::RequireAlive() const { database_.impl_->connection->RequireTransactionAlive(); }
+void Transaction::RequireAlive() const { connection_->RequireTransactionAlive(); }
 
 void Transaction::Commit() {
-  auto& connection = *database_.impl_->connection;
   if (outermost_) {
-    connection.CommitOutermost();
+    connection_->CommitOutermost();
   } else {
-    connection.RequireTransactionAlive();
-    connection.Leave();
+    connection_->RequireTransactionAlive();
+    connection_->Leave();
   }
   done_ = true;
 }

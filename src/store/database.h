@@ -13,6 +13,7 @@
 
 namespace orvex::store {
 
+class Connection;
 class Transaction;
 
 enum class OpenMode : std::uint8_t { kReadWrite, kReadOnly };
@@ -31,7 +32,7 @@ struct StoredIndex {
   bool unique;
 };
 
-/// One database file.
+/// One database file. It stays open while a record set or a transaction on it lives.
 class Database {
  public:
   /// Opens an existing file; never creates one. A file that may not be written is opened read-only, and writing to it
@@ -81,8 +82,8 @@ class Database {
   friend class RecordSet;
   friend class Transaction;
   struct Impl;
-  explicit Database(std::unique_ptr<Impl> impl);
-  std::unique_ptr<Impl> impl_;
+  explicit Database(std::shared_ptr<Impl> impl);
+  std::shared_ptr<Impl> impl_;
 };
 
 /// A stretch of work that is written whole or not at all. Ends undone unless `Commit` was called. A transaction opened
@@ -105,7 +106,7 @@ class Transaction {
   void Commit();
 
  private:
-  Database& database_;
+  std::shared_ptr<Connection> connection_;
   bool outermost_;
   bool done_ = false;
 };

@@ -41,13 +41,15 @@ void RecordSet::Impl::Fill() {
     keys = std::move(rows);
     return;
   }
-  columns.clear();
-  snapshot.clear();
-  for (int i = 0; i < statement.ColumnCount(); ++i) columns.push_back(statement.ColumnName(i));
+  std::vector<RowValues> rows;
+  std::vector<std::string> names;
+  for (int i = 0; i < statement.ColumnCount(); ++i) names.push_back(statement.ColumnName(i));
   while (statement.Step()) {
-    auto& values = snapshot.emplace_back(columns.size());
-    for (std::size_t i = 0; i < columns.size(); ++i) statement.Read(static_cast<int>(i), values[i]);
+    auto& values = rows.emplace_back(names.size());
+    for (std::size_t i = 0; i < names.size(); ++i) statement.Read(static_cast<int>(i), values[i]);
   }
+  columns = std::move(names);
+  snapshot = std::move(rows);
 }
 
 std::int64_t RecordSet::Impl::ListSize() const {
@@ -76,17 +78,22 @@ void RecordSet::Impl::GoTo(std::optional<RowId> target, Place otherwise) {
   place = target ? Place::kAt : otherwise;
   if (target) {
     row = *target;
-    table->Refresh(row);
+    if (table->Refresh(row) && index) table->CopyKey(*index, row, row_key);
   }
+}
+
+void RecordSet::Impl::GoToNeighbour(bool backward) {
+  if (index && table->Refresh(row)) table->CopyKey(*index, row, row_key);
+  GoTo(table->Neighbour(index, row, row_key, backward), backward ? Place::kBefore : Place::kBehind);
 }
 
 void RecordSet::Impl::GoToListed(std::int64_t target) {
   StopEditing();
   list_index = target;
-  if (target < 0) {
+  if (target < 0 && ListSize() > 0) {
     place = Place::kBefore;
     list_index = -1;
-  } else if (target >= ListSize()) {
+  } else if (target >= ListSize() || target < 0) {
     place = Place::kBehind;
     list_index = ListSize();
   } else {
@@ -128,18 +135,29 @@ std::size_t RecordSet::Impl::Position(std::string_view field) {
 }
 
 const Value& RecordSet::Impl::At(std::size_t position) {
-  return editing == Editing::kNo ? CurrentRow()[position] : buffer[position];
-}
-
-const Value& RecordSet::Impl::Filled(std::string_view field) {
-  const Value& value = At(field);
-  if (value.IsNull()) {
-    throw RunTimeError(
-        ErrorNumber::kInvalidUseOfNull,
-        table ? fmt::format("Invalid use of Null: the field '{}' of the table '{}' is empty.", field, table->Name())
-              : fmt::format("Invalid use of Null: the field '{}' is empty.", field));
+  const Value& value = editing == Editing::kNo ? CurrentRow()[position] : buffer[position];
+  if (value.GetKind() == Value::Kind::kReal && !std::isfinite(value.RawReal())) {
+    throw RunTimeError(ErrorNumber::kOverflow,
+                       fmt::format("Overflow: the number is not finite {}.", FieldText(FieldName(position))));
   }
   return value;
+}
+
+std::string RecordSet::Impl::FieldText(std::string_view field) const {
+  return table ? fmt::format("in the field '{}' of the table '{}'", field, table->Name())
+               : fmt::format("in the field '{}'", field);
+}
+
+template <typename Result>
+Result RecordSet::Impl::Read(std::string_view field, Result (Value::*as)() const) {
+  const Value& value = At(field);
+  try {
+    return (value.*as)();
+  } catch (const RunTimeError& error) {
+    std::string text = error.Description();
+    if (text.ends_with('.')) text.pop_back();
+    throw RunTimeError(error.Number(), fmt::format("{} {}.", text, FieldText(field)));
+  }
 }
 
 Value& RecordSet::Impl::Edited(std::string_view field, std::size_t& position) {
@@ -157,149 +175,171 @@ RecordSet::RecordSet(RecordSet&&) noexcept = default;
 RecordSet& RecordSet::operator=(RecordSet&&) noexcept = default;
 RecordSet::~RecordSet() = default;
 
+RecordSet::Impl& RecordSet::Live() const {
+  if (!impl_)
+    throw RunTimeError(ErrorNumber::kObjectClosed, "Object invalid or no longer set: the record set is closed.");
+  return *impl_;
+}
+
 void RecordSet::SetIndex(std::string_view name) {
-  impl_->RequireTable("An index");
-  impl_->StopEditing();
-  impl_->index = name.empty() ? std::nullopt : std::optional(impl_->table->IndexNumber(name));
-  impl_->place = Impl::Place::kUnread;
-  impl_->no_match = false;
+  Impl& set = Live();
+  set.RequireTable("An index");
+  set.StopEditing();
+  set.index = name.empty() ? std::nullopt : std::optional(set.table->IndexNumber(name));
+  set.place = Impl::Place::kUnread;
+  set.no_match = false;
 }
 
 void RecordSet::Seek(std::span<const Value> key) {
-  impl_->RequireTable("Seek");
-  if (!impl_->index) ThrowNotSupported("Seek without a current index");
-  const auto found = impl_->table->Seek(*impl_->index, key);
-  impl_->no_match = !found;
-  impl_->GoTo(found, Impl::Place::kNowhere);
+  Impl& set = Live();
+  set.RequireTable("Seek");
+  if (!set.index) ThrowNotSupported("Seek without a current index");
+  const auto found = set.table->Seek(*set.index, key);
+  set.no_match = !found;
+  set.GoTo(found, Impl::Place::kNowhere);
 }
 
-bool RecordSet::NoMatch() const { return impl_->no_match; }
+bool RecordSet::NoMatch() const { return Live().no_match; }
 
 void RecordSet::MoveFirst() {
-  impl_->place = Impl::Place::kUnread;
-  impl_->Settle();
-  if (impl_->place != Impl::Place::kAt) ThrowNoCurrentRecord();
+  Impl& set = Live();
+  set.place = Impl::Place::kUnread;
+  set.Settle();
+  if (set.place != Impl::Place::kAt) ThrowNoCurrentRecord();
 }
 
 void RecordSet::MoveLast() {
-  if (impl_->kind == Impl::Kind::kTable) {
-    impl_->GoTo(impl_->table->Last(impl_->index), Impl::Place::kBehind);
+  Impl& set = Live();
+  if (set.kind == Impl::Kind::kTable) {
+    set.GoTo(set.table->Last(set.index), Impl::Place::kBehind);
   } else {
-    impl_->GoToListed(impl_->ListSize() - 1);
+    set.GoToListed(set.ListSize() - 1);
   }
-  if (impl_->place != Impl::Place::kAt) ThrowNoCurrentRecord();
+  if (set.place != Impl::Place::kAt) ThrowNoCurrentRecord();
 }
 
 void RecordSet::MoveNext() {
-  impl_->Settle();
-  if (impl_->place == Impl::Place::kBehind || impl_->place == Impl::Place::kNowhere) ThrowNoCurrentRecord();
-  if (impl_->place == Impl::Place::kBefore) {
-    impl_->place = Impl::Place::kUnread;
-    impl_->Settle();
-  } else if (impl_->kind == Impl::Kind::kTable) {
-    impl_->GoTo(impl_->table->Neighbour(impl_->index, impl_->row, false), Impl::Place::kBehind);
+  Impl& set = Live();
+  set.Settle();
+  if (set.place == Impl::Place::kBehind || set.place == Impl::Place::kNowhere) ThrowNoCurrentRecord();
+  if (set.place == Impl::Place::kBefore) {
+    set.place = Impl::Place::kUnread;
+    set.Settle();
+  } else if (set.kind == Impl::Kind::kTable) {
+    set.GoToNeighbour(false);
   } else {
-    impl_->GoToListed(impl_->list_index + 1);
+    set.GoToListed(set.list_index + 1);
   }
 }
 
 void RecordSet::MovePrevious() {
-  impl_->Settle();
-  if (impl_->place == Impl::Place::kBefore || impl_->place == Impl::Place::kNowhere) ThrowNoCurrentRecord();
-  if (impl_->place == Impl::Place::kBehind && impl_->kind == Impl::Kind::kTable) {
-    impl_->GoTo(impl_->table->Last(impl_->index), Impl::Place::kBefore);
-  } else if (impl_->kind == Impl::Kind::kTable) {
-    impl_->GoTo(impl_->table->Neighbour(impl_->index, impl_->row, true), Impl::Place::kBefore);
+  Impl& set = Live();
+  if (AtStart() || set.place == Impl::Place::kNowhere) ThrowNoCurrentRecord();
+  if (set.place == Impl::Place::kBehind && set.kind == Impl::Kind::kTable) {
+    set.GoTo(set.table->Last(set.index), Impl::Place::kBefore);
+  } else if (set.kind == Impl::Kind::kTable) {
+    set.GoToNeighbour(true);
   } else {
-    impl_->GoToListed(impl_->list_index - 1);
+    set.GoToListed(set.list_index - 1);
   }
 }
 
 void RecordSet::Move(Bookmark bookmark) {
-  if (impl_->kind == Impl::Kind::kTable) {
-    if (!impl_->table->Refresh(bookmark)) throw RunTimeError(ErrorNumber::kRecordDeleted, "Record is deleted.");
-    impl_->GoTo(bookmark, Impl::Place::kNowhere);
+  Impl& set = Live();
+  if (set.kind == Impl::Kind::kTable) {
+    if (!set.table->Refresh(bookmark)) throw RunTimeError(ErrorNumber::kRecordDeleted, "Record is deleted.");
+    set.GoTo(bookmark, Impl::Place::kNowhere);
     return;
   }
-  if (impl_->kind == Impl::Kind::kKeyed) {
-    for (std::size_t i = 0; i < impl_->keys->size(); ++i) {
-      if ((*impl_->keys)[i] == bookmark) return impl_->GoToListed(static_cast<std::int64_t>(i));
+  if (set.kind == Impl::Kind::kKeyed) {
+    for (std::size_t i = 0; i < set.keys->size(); ++i) {
+      if ((*set.keys)[i] == bookmark) return set.GoToListed(static_cast<std::int64_t>(i));
     }
-  } else if (bookmark >= 0 && bookmark < impl_->ListSize()) {
-    return impl_->GoToListed(bookmark);
+  } else if (bookmark >= 0 && bookmark < set.ListSize()) {
+    return set.GoToListed(bookmark);
   }
   ThrowNoCurrentRecord();
 }
 
 bool RecordSet::AtEnd() {
-  impl_->Settle();
-  return impl_->place == Impl::Place::kBehind;
+  Impl& set = Live();
+  set.Settle();
+  return set.place == Impl::Place::kBehind;
 }
 
 bool RecordSet::AtStart() {
-  impl_->Settle();
-  if (impl_->place == Impl::Place::kBefore) return true;
+  Impl& set = Live();
+  set.Settle();
+  if (set.place == Impl::Place::kBefore) return true;
   // An empty set is at its start and its end at once.
-  if (impl_->place != Impl::Place::kBehind) return false;
-  return impl_->kind == Impl::Kind::kTable ? !impl_->table->First(std::nullopt) : impl_->ListSize() == 0;
+  if (set.place != Impl::Place::kBehind) return false;
+  return set.kind == Impl::Kind::kTable ? !set.table->First(std::nullopt) : set.ListSize() == 0;
 }
 
 Bookmark RecordSet::CurrentBookmark() {
-  impl_->RequireRecord();
-  return impl_->kind == Impl::Kind::kSnapshot ? impl_->list_index : impl_->row;
+  Impl& set = Live();
+  set.RequireRecord();
+  return set.kind == Impl::Kind::kSnapshot ? set.list_index : set.row;
 }
 
-Bookmark RecordSet::LastModified() const { return impl_->last_modified; }
+Bookmark RecordSet::LastModified() const { return Live().last_modified; }
 
 std::int64_t RecordSet::RecordCount() {
-  return impl_->kind == Impl::Kind::kTable ? impl_->table->Count() : impl_->ListSize();
+  Impl& set = Live();
+  return set.kind == Impl::Kind::kTable ? set.table->Count() : set.ListSize();
 }
 
 std::int64_t RecordSet::AbsolutePosition() {
-  if (impl_->kind == Impl::Kind::kTable) ThrowNotSupported("AbsolutePosition");
-  impl_->Settle();
-  return impl_->place == Impl::Place::kAt ? impl_->list_index : -1;
+  Impl& set = Live();
+  if (set.kind == Impl::Kind::kTable) ThrowNotSupported("AbsolutePosition");
+  set.Settle();
+  return set.place == Impl::Place::kAt ? set.list_index : -1;
 }
 
 void RecordSet::Requery() {
-  impl_->StopEditing();
-  if (impl_->kind != Impl::Kind::kTable) impl_->Fill();
-  impl_->place = Impl::Place::kUnread;
+  Impl& set = Live();
+  set.StopEditing();
+  set.place = Impl::Place::kUnread;
+  if (set.kind != Impl::Kind::kTable) set.Fill();
 }
 
 int RecordSet::FieldCount() const {
-  return static_cast<int>(impl_->table ? impl_->table->Fields().size() : impl_->columns.size());
+  Impl& set = Live();
+  return static_cast<int>(set.FieldCount());
 }
 
 std::string RecordSet::FieldName(int position) const {
+  Impl& set = Live();
   if (position < 0 || position >= FieldCount()) {
     throw RunTimeError(ErrorNumber::kItemNotFound, fmt::format("There is no field at position {}.", position));
   }
-  const auto i = static_cast<std::size_t>(position);
-  return impl_->table ? impl_->table->Fields()[i].name : impl_->columns[i];
+  return set.FieldName(static_cast<std::size_t>(position));
 }
 
-Value RecordSet::Get(std::string_view field) { return impl_->At(field); }
+Value RecordSet::Get(std::string_view field) { return Live().At(field); }
 
 Value RecordSet::Get(int position) {
   (void)FieldName(position);  // the check of the range
-  return impl_->At(static_cast<std::size_t>(position));
+  return Live().At(static_cast<std::size_t>(position));
 }
 
-bool RecordSet::IsNull(std::string_view field) { return impl_->At(field).IsNull(); }
-double RecordSet::Double(std::string_view field) { return impl_->Filled(field).AsDouble(); }
-std::int32_t RecordSet::Long(std::string_view field) { return impl_->Filled(field).AsLong(); }
-bool RecordSet::Bool(std::string_view field) { return impl_->Filled(field).AsBool(); }
-std::string RecordSet::Text(std::string_view field) { return impl_->Filled(field).AsText(); }
-double RecordSet::DoubleOrZero(std::string_view field) { return impl_->At(field).DoubleOrZero(); }
-std::int32_t RecordSet::LongOrZero(std::string_view field) { return impl_->At(field).LongOrZero(); }
-bool RecordSet::BoolOrFalse(std::string_view field) { return impl_->At(field).BoolOrFalse(); }
-std::string RecordSet::TextOrEmpty(std::string_view field) { return impl_->At(field).TextOrEmpty(); }
+bool RecordSet::IsNull(std::string_view field) { return Live().At(field).IsNull(); }
+double RecordSet::Double(std::string_view field) { return Live().Read(field, &Value::AsDouble); }
+std::int32_t RecordSet::Long(std::string_view field) { return Live().Read(field, &Value::AsLong); }
+bool RecordSet::Bool(std::string_view field) { return Live().Read(field, &Value::AsBool); }
+std::string RecordSet::Text(std::string_view field) { return Live().Read(field, &Value::AsText); }
+double RecordSet::DoubleOrZero(std::string_view field) { return Live().Read(field, &Value::DoubleOrZero); }
+std::int32_t RecordSet::LongOrZero(std::string_view field) { return Live().Read(field, &Value::LongOrZero); }
+bool RecordSet::BoolOrFalse(std::string_view field) { return Live().Read(field, &Value::BoolOrFalse); }
+std::string RecordSet::TextOrEmpty(std::string_view field) { return Live().Read(field, &Value::TextOrEmpty); }
 
 std::vector<std::vector<Value>> RecordSet::GetRows(std::int64_t count) {
+  Impl& set = Live();
   std::vector<std::vector<Value>> rows;
   while (count-- > 0 && !AtEnd()) {
-    rows.push_back(impl_->CurrentRow());
+    set.RequireRecord();
+    auto& row = rows.emplace_back();
+    for (std::size_t i = 0; i < set.FieldCount(); ++i) row.push_back(set.At(i));
     MoveNext();
   }
   return rows;
@@ -308,70 +348,77 @@ std::vector<std::vector<Value>> RecordSet::GetRows(std::int64_t count) {
 // Edits ---------------------------------------------------------------------------------------------------------------
 
 void RecordSet::AddNew() {
-  impl_->RequireEditable();
-  impl_->StopEditing();
-  impl_->buffer = impl_->table->TakeBuffer();
-  impl_->editing = Impl::Editing::kAdding;
-  impl_->hint = 0;
-  const auto& fields = impl_->table->Fields();
+  Impl& set = Live();
+  set.RequireEditable();
+  set.StopEditing();
+  set.buffer = set.table->TakeBuffer();
+  set.editing = Impl::Editing::kAdding;
+  set.hint = 0;
+  const auto& fields = set.table->Fields();
   for (std::size_t i = 0; i < fields.size(); ++i) {
     if (fields[i].type == FieldType::kBoolean) {
-      impl_->buffer[i].SetInteger(0);
+      set.buffer[i].SetInteger(0);
     } else {
-      impl_->buffer[i].SetNull();
+      set.buffer[i].SetNull();
     }
   }
 }
 
 void RecordSet::Edit() {
-  impl_->RequireEditable();
-  impl_->StopEditing();
-  const RowValues& row = impl_->CurrentRow();
-  impl_->buffer = impl_->table->TakeBuffer();
-  impl_->buffer = row;
-  impl_->editing = Impl::Editing::kChanging;
-  impl_->hint = 0;
+  Impl& set = Live();
+  set.RequireEditable();
+  set.StopEditing();
+  const RowValues& row = set.CurrentRow();
+  set.buffer = set.table->TakeBuffer();
+  set.buffer = row;
+  set.editing = Impl::Editing::kChanging;
+  set.hint = 0;
 }
 
 void RecordSet::Update() {
-  impl_->RequireEditable();
-  if (impl_->editing == Impl::Editing::kNo) {
+  Impl& set = Live();
+  set.RequireEditable();
+  if (set.editing == Impl::Editing::kNo) {
     throw RunTimeError(ErrorNumber::kNoEditPending, "Update or CancelUpdate without AddNew or Edit.");
   }
-  if (impl_->editing == Impl::Editing::kAdding) {
-    impl_->last_modified = impl_->table->Insert(impl_->buffer);
+  if (set.editing == Impl::Editing::kAdding) {
+    set.last_modified = set.table->Insert(set.buffer);
   } else {
-    impl_->table->Update(impl_->row, impl_->buffer);
-    impl_->last_modified = impl_->row;
+    set.table->Update(set.row, set.buffer);
+    set.last_modified = set.row;
   }
-  impl_->StopEditing();
+  set.StopEditing();
 }
 
-void RecordSet::CancelUpdate() { impl_->StopEditing(); }
+void RecordSet::CancelUpdate() { Live().StopEditing(); }
 
 void RecordSet::Delete() {
-  impl_->RequireEditable();
-  impl_->StopEditing();
-  (void)impl_->CurrentRow();
-  impl_->table->Delete(impl_->row);
+  Impl& set = Live();
+  set.RequireEditable();
+  set.StopEditing();
+  (void)set.CurrentRow();
+  set.table->Delete(set.row);
 }
 
 void RecordSet::Set(std::string_view field, const Value& value) {
+  Impl& set = Live();
   std::size_t position = 0;
-  Value& stored = impl_->Edited(field, position);
-  impl_->table->Convert(position, value, stored);
+  Value& stored = set.Edited(field, position);
+  set.table->Convert(position, value, stored);
 }
 
 void RecordSet::Set(std::string_view field, double value) {
+  Impl& set = Live();
   std::size_t position = 0;
-  Value& stored = impl_->Edited(field, position);
-  impl_->table->Convert(position, value, stored);
+  Value& stored = set.Edited(field, position);
+  set.table->Convert(position, value, stored);
 }
 
 void RecordSet::Set(std::string_view field, std::string_view value) {
+  Impl& set = Live();
   std::size_t position = 0;
-  Value& stored = impl_->Edited(field, position);
-  impl_->table->Convert(position, value, stored);
+  Value& stored = set.Edited(field, position);
+  set.table->Convert(position, value, stored);
 }
 
 void RecordSet::Set(std::string_view field, std::int32_t value) { Set(field, static_cast<double>(value)); }

@@ -26,7 +26,8 @@ using Bookmark = std::int64_t;
 /// Record sets on one table see each other's edits at once. Fields are named without regard to case.
 ///
 /// Errors: 3021 when there is no current record, 3167 when it has been deleted, 3265 for an unknown field, 3020 for an
-/// Update without AddNew or Edit, 3251 for an operation that the kind does not offer, 94 for a null read as a value.
+/// Update without AddNew or Edit, 3251 for an operation that the kind does not offer, 94 for a null read as a value,
+/// 3420 when the set has been closed.
 class RecordSet {
  public:
   RecordSet(RecordSet&&) noexcept;
@@ -102,6 +103,7 @@ class RecordSet {
   friend class Database;
   struct Impl;
   explicit RecordSet(std::unique_ptr<Impl> impl);
+  [[nodiscard]] Impl& Live() const;
   std::unique_ptr<Impl> impl_;
 };
 

@@ -17,8 +17,8 @@ struct RecordSet::Impl {
   enum class Place : std::uint8_t { kUnread, kAt, kBefore, kBehind, kNowhere };
   enum class Editing : std::uint8_t { kNo, kAdding, kChanging };
 
-  Impl(Kind the_kind, Database::Impl& the_database, std::shared_ptr<Table> the_table)
-      : kind(the_kind), database(&the_database), connection(the_database.connection), table(std::move(the_table)) {}
+  Impl(Kind the_kind, std::shared_ptr<Database::Impl> the_database, std::shared_ptr<Table> the_table)
+      : kind(the_kind), database(std::move(the_database)), table(std::move(the_table)) {}
   Impl(const Impl&) = delete;
   Impl& operator=(const Impl&) = delete;
   ~Impl();
@@ -30,6 +30,7 @@ struct RecordSet::Impl {
   // Position.
   void Settle();  ///< a set just opened moves to its first record when it is first looked at
   void GoTo(std::optional<RowId> row, Place otherwise);
+  void GoToNeighbour(bool backward);
   void GoToListed(std::int64_t index);
   void RequireRecord();
   [[nodiscard]] const RowValues& CurrentRow();
@@ -38,17 +39,23 @@ struct RecordSet::Impl {
 
   // Content.
   [[nodiscard]] std::size_t Position(std::string_view field);
+  [[nodiscard]] std::size_t FieldCount() const { return table ? table->Fields().size() : columns.size(); }
+  [[nodiscard]] const std::string& FieldName(std::size_t position) const {
+    return table ? table->Fields()[position].name : columns[position];
+  }
+  /// Error 6 names the field of a foreign file that holds an infinity.
   [[nodiscard]] const Value& At(std::size_t position);
   [[nodiscard]] const Value& At(std::string_view field) { return At(Position(field)); }
-  /// Not null; error 94 names the field.
-  [[nodiscard]] const Value& Filled(std::string_view field);
+  /// One of the readers of Value; its errors name the field.
+  template <typename Result>
+  [[nodiscard]] Result Read(std::string_view field, Result (Value::*as)() const);
+  [[nodiscard]] std::string FieldText(std::string_view field) const;
   [[nodiscard]] Value& Edited(std::string_view field, std::size_t& position);
   void StopEditing();
 
   Kind kind;
-  Database::Impl* database;                ///< for Requery; the set does not outlive its database otherwise
-  std::shared_ptr<Connection> connection;  ///< keeps the file open while the set is
-  std::shared_ptr<Table> table;            ///< none for snapshots
+  std::shared_ptr<Database::Impl> database;  ///< keeps the file open while the set is
+  std::shared_ptr<Table> table;              ///< none for snapshots
   RowSource source;
 
   std::optional<std::size_t> index;  ///< current index of a table
@@ -56,6 +63,7 @@ struct RecordSet::Impl {
 
   Place place = Place::kUnread;
   RowId row = 0;                 ///< current row of a table or keyed set
+  std::vector<Value> row_key;    ///< its key in the current index: where a walk goes on when the row has gone
   std::int64_t list_index = -1;  ///< place in keys or snapshot
   std::shared_ptr<const std::vector<RowId>> keys;
   std::vector<std::string> columns;  ///< of a snapshot

@@ -30,6 +30,7 @@ enum class ErrorNumber : int {
   kOperationNotSupported = 3251,
   kItemNotFound = 3265,  ///< a field name that the record set does not hold
   kNotADatabase = 3343,
+  kObjectClosed = 3420,     ///< a record set that was closed or handed on
   kDataConversion = 3421,   ///< a value that the field's type cannot hold
   kDiskFailure = 3043,      ///< reading or writing the disk failed, or it is full
   kTransactionLost = 3034,  ///< the store had to undo the transaction that a command was writing in

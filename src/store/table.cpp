@@ -32,6 +32,8 @@ std::size_t HashOf(const Value& value) {
   return 0;
 }
 
+[[noreturn]] void ThrowDeleted() { throw RunTimeError(ErrorNumber::kRecordDeleted, "Record is deleted."); }
+
 /// Equal as an index sees it: texts without regard to case.
 bool EqualAsKey(const Value& a, const Value& b) {
   if (a.GetKind() == Value::Kind::kText && b.GetKind() == Value::Kind::kText)
@@ -75,16 +77,22 @@ void Table::ReadDefinition() {
     std::vector<std::size_t> positions;
     Statement columns(*connection_, "PRAGMA index_info(" + Quoted(full_name) + ")");
     while (columns.Step()) {
-      const auto position = columns.Integer(1);
-      if (position < 0) break;  // an expression: no index of ours
-      positions.push_back(static_cast<std::size_t>(position));
-      index.fields.push_back(fields_.at(positions.back()).name);
-      indexed_[positions.back()] = true;
+      const auto position = positions_.find(LowerCase(columns.Text(2)));
+      if (position == positions_.end()) break;  // an expression or a hidden column: the fields before it serve
+      positions.push_back(position->second);
+      index.fields.push_back(fields_[position->second].name);
+      indexed_[position->second] = true;
     }
     if (positions.empty()) continue;
     indexes_.push_back(std::move(index));
     index_fields_.push_back(std::move(positions));
   }
+}
+
+std::string Table::FieldList() const {
+  std::string list;
+  for (const auto& field : fields_) list += (list.empty() ? "" : ", ") + Quoted(field.name);
+  return list;
 }
 
 std::string Table::NameError(std::string_view what, std::string_view name) const {
@@ -206,7 +214,15 @@ std::optional<RowId> Table::EndOf(std::optional<std::size_t> index, bool last) {
   return FirstRow(statement, {});
 }
 
-std::optional<RowId> Table::Neighbour(std::optional<std::size_t> index, RowId row, bool backward) {
+void Table::CopyKey(std::size_t index, RowId row, std::vector<Value>& key) {
+  const RowValues& values = Row(row);
+  const auto& positions = index_fields_[index];
+  key.resize(positions.size());
+  for (std::size_t i = 0; i < positions.size(); ++i) key[i] = values[positions[i]];
+}
+
+std::optional<RowId> Table::Neighbour(std::optional<std::size_t> index, RowId row, std::span<const Value> key,
+                                      bool backward) {
   const std::string_view beyond = backward ? "<" : ">";
   const std::string_view direction = backward ? " DESC" : "";
   if (!index) {
@@ -220,8 +236,6 @@ std::optional<RowId> Table::Neighbour(std::optional<std::size_t> index, RowId ro
     return statement.Integer(0);
   }
 
-  std::vector<Value> key;
-  for (const auto position : index_fields_[*index]) key.push_back(Row(row)[position]);
   const auto& fields = indexes_[*index].fields;
   // First among the rows with the same key, then among those that share less and less of it.
   for (std::size_t shared = key.size() + 1; shared-- > 0;) {
@@ -268,7 +282,8 @@ bool Table::Holds(const CachedRow& slot, RowId row) const {
 
 bool Table::Load(CachedRow& slot, RowId row) {
   if (!read_) {
-    read_ = std::make_unique<Statement>(*connection_, "SELECT * FROM " + Quoted(name_) + " WHERE rowid = ?1");
+    read_ = std::make_unique<Statement>(*connection_,
+                                        "SELECT " + FieldList() + " FROM " + Quoted(name_) + " WHERE rowid = ?1");
   }
   const Execution execution(*read_);
   read_->Bind(1, row);
@@ -284,7 +299,7 @@ bool Table::Load(CachedRow& slot, RowId row) {
 
 const RowValues& Table::Row(RowId row) {
   auto& slot = Slot(row);
-  if (!Holds(slot, row) && !Load(slot, row)) throw RunTimeError(ErrorNumber::kRecordDeleted, "Record is deleted.");
+  if (!Holds(slot, row) && !Load(slot, row)) ThrowDeleted();
   return slot.values;
 }
 
@@ -298,12 +313,19 @@ void Table::RequireWritable() const {
   connection_->RequireTransactionAlive();
 }
 
+void Table::RequireWritten(RowId row) {
+  if (sqlite3_changes64(connection_->Handle()) > 0) return;
+  Slot(row).version = 0;  // another program deleted it
+  ThrowDeleted();
+}
+
 RowId Table::Insert(RowValues& values) {
   RequireWritable();
   if (!insert_) {
     std::string marks;
     for (std::size_t i = 0; i < fields_.size(); ++i) marks += fmt::format("{}?{}", i == 0 ? "" : ", ", i + 1);
-    insert_ = std::make_unique<Statement>(*connection_, "INSERT INTO " + Quoted(name_) + " VALUES (" + marks + ")");
+    insert_ = std::make_unique<Statement>(
+        *connection_, fmt::format("INSERT INTO {} ({}) VALUES ({})", Quoted(name_), FieldList(), marks));
   }
   {
     const Execution execution(*insert_);
@@ -324,6 +346,11 @@ RowId Table::Insert(RowValues& values) {
 void Table::Update(RowId row, RowValues& values) {
   RequireWritable();
   const RowValues& stored = Row(row);
+  if (counter_ && !(stored[*counter_] == values[*counter_])) {
+    throw RunTimeError(ErrorNumber::kOperationNotSupported,
+                       fmt::format("The field '{}' of the table '{}' is a counter and cannot be changed.",
+                                   fields_[*counter_].name, name_));
+  }
   std::string changed(fields_.size(), '.');
   bool any = false;
   bool key_changed = false;
@@ -355,6 +382,7 @@ void Table::Update(RowId row, RowValues& values) {
     statement->Bind(parameter, row);
     statement->Step();
   }
+  RequireWritten(row);
   if (key_changed) ++key_version_;
   Slot(row).values.swap(values);
 }
@@ -369,6 +397,7 @@ void Table::Delete(RowId row) {
     delete_->Bind(1, row);
     delete_->Step();
   }
+  RequireWritten(row);
   ++key_version_;
   Slot(row).version = 0;
 }

@@ -47,8 +47,11 @@ class Table {
   /// Ends of the order of an index, or of the file without one.
   std::optional<RowId> First(std::optional<std::size_t> index) { return EndOf(index, false); }
   std::optional<RowId> Last(std::optional<std::size_t> index) { return EndOf(index, true); }
-  /// Neighbour of a row that exists.
-  std::optional<RowId> Neighbour(std::optional<std::size_t> index, RowId row, bool backward);
+  /// Neighbour of a row, which need not exist any more; `key` is its key in the index.
+  std::optional<RowId> Neighbour(std::optional<std::size_t> index, RowId row, std::span<const Value> key,
+                                 bool backward);
+  /// The key of a row in an index; error 3167 if the row is not there.
+  void CopyKey(std::size_t index, RowId row, std::vector<Value>& key);
   [[nodiscard]] std::int64_t Count();
 
   // Rows -------------------------------------------------------------------------------------------------------------
@@ -58,8 +61,10 @@ class Table {
   bool Refresh(RowId row);
   /// Both take the content of `values` over and leave another buffer in it.
   RowId Insert(RowValues& values);
-  /// Writes the fields in which `values` differs from the stored row.
+  /// Writes the fields in which `values` differs from the stored row. Error 3167 if the row is not there, 3251 if its
+  /// Counter would change.
   void Update(RowId row, RowValues& values);
+  /// Error 3167 if the row is not there.
   void Delete(RowId row);
 
   /// The value as the field stores it; see RecordSet::Set for the errors.
@@ -93,6 +98,7 @@ class Table {
   static constexpr std::size_t kKeySlots = 512;
 
   void ReadDefinition();
+  [[nodiscard]] std::string FieldList() const;
   [[nodiscard]] std::string NameError(std::string_view what, std::string_view name) const;
   std::optional<RowId> EndOf(std::optional<std::size_t> index, bool last);
   std::optional<RowId> FirstRow(Statement& statement, std::span<const Value> key);
@@ -108,6 +114,8 @@ class Table {
   [[nodiscard]] std::string KeyCondition(std::size_t index, std::size_t depth) const;
   [[nodiscard]] std::string Order(std::optional<std::size_t> index, bool backward) const;
   void RequireWritable() const;
+  /// Error 3167 if the statement just run met no row.
+  void RequireWritten(RowId row);
 
   std::shared_ptr<Connection> connection_;
   std::string name_;
