@@ -32,18 +32,23 @@ struct Failure {
   std::string_view text;
 };
 
-/// SQLite's primary result codes as this program's errors; `{}` is the file.
+/// SQLite's result codes, primary or extended, as this program's errors; `{0}` is the file, `{1}` SQLite's own words.
 constexpr Failure kFailures[] = {
-    {SQLITE_BUSY, ErrorNumber::kFileLocked, "{} is locked: another program is using it."},
-    {SQLITE_LOCKED, ErrorNumber::kFileLocked, "{} is locked: another program is using it."},
-    {SQLITE_READONLY, ErrorNumber::kReadOnly, "Cannot update. {} is read-only."},
-    {SQLITE_CORRUPT, ErrorNumber::kDamagedFile, "{} is damaged."},
-    {SQLITE_NOTADB, ErrorNumber::kNotADatabase, "{} is not a database."},
-    {SQLITE_FULL, ErrorNumber::kDiskFailure, "The disk is full: {} could not be written."},
-    {SQLITE_IOERR, ErrorNumber::kDiskFailure, "A disk error occurred while {} was read or written."},
-    {SQLITE_CANTOPEN, ErrorNumber::kDiskFailure, "{} or its journal cannot be opened."},
-    {SQLITE_PERM, ErrorNumber::kDiskFailure, "{} may not be opened."},
-    {SQLITE_TOOBIG, ErrorNumber::kTextTooLong, "A text is too long for {}."},
+    {SQLITE_CONSTRAINT_UNIQUE, ErrorNumber::kDuplicateKey, "The change would create a duplicate key in {0} ({1})."},
+    {SQLITE_CONSTRAINT_PRIMARYKEY, ErrorNumber::kDuplicateKey, "The change would create a duplicate key in {0} ({1})."},
+    {SQLITE_CONSTRAINT_ROWID, ErrorNumber::kDuplicateKey, "The change would create a duplicate key in {0} ({1})."},
+    {SQLITE_CONSTRAINT, ErrorNumber::kDataConversion, "{0} does not accept the record ({1})."},
+    {SQLITE_MISMATCH, ErrorNumber::kTypeMismatch, "{0}: {1}"},
+    {SQLITE_BUSY, ErrorNumber::kFileLocked, "{0} is locked: another program is using it."},
+    {SQLITE_LOCKED, ErrorNumber::kFileLocked, "{0} is locked: another program is using it."},
+    {SQLITE_READONLY, ErrorNumber::kReadOnly, "Cannot update. {0} is read-only."},
+    {SQLITE_CORRUPT, ErrorNumber::kDamagedFile, "{0} is damaged."},
+    {SQLITE_NOTADB, ErrorNumber::kNotADatabase, "{0} is not a database."},
+    {SQLITE_FULL, ErrorNumber::kDiskFailure, "The disk is full: {0} could not be written."},
+    {SQLITE_IOERR, ErrorNumber::kDiskFailure, "A disk error occurred while {0} was read or written."},
+    {SQLITE_CANTOPEN, ErrorNumber::kDiskFailure, "{0} or its journal cannot be opened."},
+    {SQLITE_PERM, ErrorNumber::kDiskFailure, "{0} may not be opened."},
+    {SQLITE_TOOBIG, ErrorNumber::kTextTooLong, "A text is too long for {0}."},
 };
 
 }  // namespace
@@ -72,46 +77,34 @@ FieldType TypeOf(std::string_view declared, bool primary_key, int& width) {
 }
 
 Connection::Connection(std::filesystem::path path, int flags) : path_(std::move(path)) {
-  const int code = sqlite3_open_v2(path_.string().c_str(), &handle_, flags | SQLITE_OPEN_EXRESCODE, nullptr);
-  if (code != SQLITE_OK) {
-    sqlite3_close(handle_);
-    Fail(code);
-  }
-  sqlite3_busy_timeout(handle_, kBusyTimeoutMilliseconds);
-  Harden(handle_);
-  RegisterSqlFunctions(handle_);
+  sqlite3* handle = nullptr;
+  const int code = sqlite3_open_v2(path_.string().c_str(), &handle, flags | SQLITE_OPEN_EXRESCODE, nullptr);
+  handle_.reset(handle);
+  if (code != SQLITE_OK) Fail(code);
+  sqlite3_busy_timeout(handle, kBusyTimeoutMilliseconds);
+  Harden(handle);
+  RegisterSqlFunctions(handle);
   // Large enough that a run over ten thousand tanks keeps its changed pages in memory until it commits.
   Execute("PRAGMA cache_size = -65536");
   Execute("PRAGMA cell_size_check = ON");
 }
 
-Connection::~Connection() {
-  prepared_.clear();
-  sqlite3_close_v2(handle_);
-}
-
-bool Connection::ReadOnly() const { return sqlite3_db_readonly(handle_, "main") != 0; }
+bool Connection::ReadOnly() const { return sqlite3_db_readonly(Handle(), "main") != 0; }
 
 void Connection::Fail(int code) const {
   const std::string file = path_.string();
   const int primary = code & 0xff;
   if (primary == SQLITE_NOMEM) throw std::bad_alloc();
-  if (code == SQLITE_CONSTRAINT_UNIQUE || code == SQLITE_CONSTRAINT_PRIMARYKEY || code == SQLITE_CONSTRAINT_ROWID) {
-    throw RunTimeError(ErrorNumber::kDuplicateKey, fmt::format("The change would create a duplicate key in {} ({}).",
-                                                               file, sqlite3_errmsg(handle_)));
-  }
-  if (primary == SQLITE_MISMATCH) {
-    throw RunTimeError(ErrorNumber::kTypeMismatch, fmt::format("{}: {}", file, sqlite3_errmsg(handle_)));
-  }
+  const std::string reason = sqlite3_errmsg(Handle());
   for (const auto& failure : kFailures) {
-    if (failure.code == primary) throw RunTimeError(failure.number, fmt::format(fmt::runtime(failure.text), file));
+    if (failure.code != code && failure.code != primary) continue;
+    throw RunTimeError(failure.number, fmt::format(fmt::runtime(failure.text), file, reason));
   }
-  throw RunTimeError(ErrorNumber::kDataConversion,
-                     fmt::format("{}: {}", file, handle_ != nullptr ? sqlite3_errmsg(handle_) : sqlite3_errstr(code)));
+  throw RunTimeError(ErrorNumber::kDamagedFile, fmt::format("{} cannot be used: {}.", file, reason));
 }
 
 void Connection::Execute(const std::string& sql) {
-  const int code = sqlite3_exec(handle_, sql.c_str(), nullptr, nullptr, nullptr);
+  const int code = sqlite3_exec(Handle(), sql.c_str(), nullptr, nullptr, nullptr);
   if (code != SQLITE_OK) Fail(code);
 }
 
@@ -124,6 +117,7 @@ Statement& Connection::Prepared(const std::string& sql) {
 
 bool Connection::Begin(bool write) {
   if (depth_ > 0) {
+    RequireTransactionAlive();
     ++depth_;
     return false;
   }
@@ -141,13 +135,14 @@ void Connection::CommitOutermost() {
 }
 
 void Connection::RollBackOutermost() noexcept {
-  if (sqlite3_get_autocommit(handle_) == 0) sqlite3_exec(handle_, "ROLLBACK", nullptr, nullptr, nullptr);
+  if (sqlite3_get_autocommit(Handle()) == 0) sqlite3_exec(Handle(), "ROLLBACK", nullptr, nullptr, nullptr);
   --depth_;
   ++epoch_;
+  ++undone_;
 }
 
 void Connection::RequireTransactionAlive() const {
-  if (depth_ > 0 && sqlite3_get_autocommit(handle_) != 0) {
+  if (depth_ > 0 && sqlite3_get_autocommit(Handle()) != 0) {
     throw RunTimeError(ErrorNumber::kTransactionLost,
                        fmt::format("The changes to {} had to be undone after a failure of the disk.", path_.string()));
   }
@@ -186,6 +181,10 @@ void Statement::Bind(int parameter, std::int64_t value) {
   if (code != SQLITE_OK) connection_.Fail(code);
 }
 
+void Statement::Bind(std::span<const Value> values) {
+  for (std::size_t i = 0; i < values.size(); ++i) Bind(static_cast<int>(i + 1), values[i]);
+}
+
 bool Statement::Step() {
   const int code = sqlite3_step(statement_);
   if (code == SQLITE_ROW) return true;
@@ -220,8 +219,9 @@ void Statement::Read(int column, Value& value) {
       value.SetNull();
       return;
     default: {
-      // A blob, which no field of ours holds, reads as the text of its bytes.
-      const auto* text = static_cast<const char*>(sqlite3_column_blob(statement_, column));
+      // A blob, which no field of ours holds, reads as the text of its bytes. The text comes before its size, which it
+      // settles where the file holds texts in another encoding.
+      const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_, column));
       const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement_, column));
       value.SetText(text == nullptr ? std::string_view() : std::string_view(text, size));
       return;

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -28,6 +29,8 @@ class Statement {
   /// Parameters count from 1. A text must live until the statement is reset.
   void Bind(int parameter, const Value& value);
   void Bind(int parameter, std::int64_t value);
+  /// All parameters, from the first on.
+  void Bind(std::span<const Value> values);
   /// True while there is a row. Errors are thrown after a reset.
   bool Step();
   void Reset() { sqlite3_reset(statement_); }
@@ -58,6 +61,10 @@ class Execution {
   Statement& statement_;
 };
 
+struct CloseHandle {
+  void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
+};
+
 /// One open database file.
 class Connection {
  public:
@@ -65,38 +72,39 @@ class Connection {
   Connection(std::filesystem::path path, int flags);
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
-  ~Connection();
 
-  [[nodiscard]] sqlite3* Handle() const { return handle_; }
+  [[nodiscard]] sqlite3* Handle() const { return handle_.get(); }
   [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
   [[nodiscard]] bool ReadOnly() const;
 
   /// Runs a text of SQLite's own SQL.
   void Execute(const std::string& sql);
-  /// A prepared statement that is kept; the least used make room when there are very many.
+  /// A prepared statement that is kept; valid until the next call, since when there are very many all make room.
   Statement& Prepared(const std::string& sql);
-  void DropPrepared() { prepared_.clear(); }
 
   /// Throws the run-time error for an SQLite result code.
   [[noreturn]] void Fail(int code) const;
 
   // Transactions nest: only the outermost one counts.
   [[nodiscard]] bool InTransaction() const { return depth_ > 0; }
-  /// Counts begins and ends of transactions and foreign changes; what was read under another number may be out of date.
+  /// Counts begins and ends of transactions; what was read under another number may be out of date.
   [[nodiscard]] std::uint64_t Epoch() const { return epoch_; }
   bool Begin(bool write);
   void Leave() { --depth_; }
   void CommitOutermost();
   void RollBackOutermost() noexcept;
+  /// Counts the transactions undone; tables read from the file before may be defined otherwise now.
+  [[nodiscard]] std::uint64_t Undone() const { return undone_; }
   /// Error 3034 when the transaction that is thought to be open was undone underneath.
   void RequireTransactionAlive() const;
 
  private:
   std::filesystem::path path_;
-  sqlite3* handle_ = nullptr;
+  std::unique_ptr<sqlite3, CloseHandle> handle_;  ///< closed after the statements
   std::unordered_map<std::string, std::unique_ptr<Statement>> prepared_;
   int depth_ = 0;
   std::uint64_t epoch_ = 1;
+  std::uint64_t undone_ = 0;
 };
 
 /// A declared column type as a field type; a Counter is what SQLite calls the integer primary key.

@@ -2,6 +2,10 @@
 
 #include <fmt/format.h>
 
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
 #include "store/database_impl.h"
 #include "store/file_check.h"
 #include "store/letter_case.h"
@@ -10,8 +14,30 @@
 #include "store/table_definition.h"
 
 namespace orvex::store {
+namespace {
+
+/// Makes an empty file; errors 3044, 3010 and 3043.
+void MakeFile(const std::filesystem::path& path) {
+  CheckFolder(path);
+  std::FILE* file = std::fopen(path.c_str(), "wbx");
+  if (file == nullptr && errno == EEXIST) {
+    throw RunTimeError(ErrorNumber::kTableExists, fmt::format("The file {} already exists.", path.string()));
+  }
+  if (file == nullptr) {
+    throw RunTimeError(ErrorNumber::kDiskFailure,
+                       fmt::format("{} cannot be made: {}.", path.string(), std::strerror(errno)));
+  }
+  std::fclose(file);
+}
+
+}  // namespace
 
 std::shared_ptr<Table> Database::Impl::GetTable(std::string_view name) {
+  // A table made in a transaction that was undone is gone, or another one under the same name has come back.
+  if (undone != connection->Undone()) {
+    std::erase_if(tables, [](const auto& entry) { return entry.second.use_count() == 1; });
+    undone = connection->Undone();
+  }
   std::string folded = LowerCase(name);
   const auto found = tables.find(folded);
   if (found != tables.end()) return found->second;
@@ -55,16 +81,19 @@ std::unique_ptr<Database> Database::Open(const std::filesystem::path& path, Open
 }
 
 std::unique_ptr<Database> Database::Create(const std::filesystem::path& path, std::span<const TableInfo> tables) {
-  CheckFolder(path);
-  if (std::filesystem::exists(path)) {
-    throw RunTimeError(ErrorNumber::kTableExists, fmt::format("The file {} already exists.", path.string()));
+  MakeFile(path);
+  try {
+    auto connection = std::make_shared<Connection>(path, SQLITE_OPEN_READWRITE);
+    std::unique_ptr<Database> database(new Database(std::make_shared<Impl>(std::move(connection))));
+    Transaction transaction(*database);
+    for (const auto& table : tables) database->CreateTable(table);
+    transaction.Commit();
+    return database;
+  } catch (...) {
+    std::error_code ignored;
+    std::filesystem::remove(path, ignored);
+    throw;
   }
-  auto connection = std::make_shared<Connection>(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-  std::unique_ptr<Database> database(new Database(std::make_shared<Impl>(std::move(connection))));
-  Transaction transaction(*database);
-  for (const auto& table : tables) database->CreateTable(table);
-  transaction.Commit();
-  return database;
 }
 
 const std::filesystem::path& Database::Path() const { return impl_->connection->Path(); }
@@ -141,6 +170,7 @@ void Database::CreateTable(const std::string& name, const std::vector<StoredFiel
 
 void Database::DeleteTable(std::string_view name) {
   const auto table = impl_->GetTable(name);
+  impl_->connection->RequireTransactionAlive();
   impl_->connection->Execute("DROP TABLE " + Quoted(table->Name()));
   table->Forget();
   impl_->tables.erase(LowerCase(name));
@@ -152,13 +182,16 @@ std::int64_t Database::Execute(std::string_view sql) {
     throw RunTimeError(ErrorNumber::kOperationNotSupported, fmt::format("The query '{}' gives rows.", sql));
   }
   impl_->connection->RequireTransactionAlive();
-  if (translation.kind == QueryKind::kSelectInto) return SelectInto(*impl_->connection, *this, translation);
+  if (translation.kind == QueryKind::kSelectInto) {
+    auto& select = impl_->Prepare(translation.sql, sql);
+    const Execution execution(select);
+    select.Bind(translation.parameters);
+    return SelectInto(select, *this, translation);
+  }
   auto table = impl_->GetTable(translation.table);
   auto& statement = impl_->Prepare(translation.sql, sql);
   const Execution execution(statement);
-  for (std::size_t i = 0; i < translation.parameters.size(); ++i) {
-    statement.Bind(static_cast<int>(i + 1), translation.parameters[i]);
-  }
+  statement.Bind(translation.parameters);
   statement.Step();
   const auto changed = static_cast<std::int64_t>(sqlite3_changes64(impl_->connection->Handle()));
   if (changed > 0) table->Forget();
@@ -166,8 +199,13 @@ std::int64_t Database::Execute(std::string_view sql) {
 }
 
 bool Database::IntegrityCheck() {
-  Statement check(*impl_->connection, "PRAGMA integrity_check(1)");
-  return check.Step() && check.Text(0) == "ok";
+  try {
+    Statement check(*impl_->connection, "PRAGMA integrity_check(1)");
+    return check.Step() && check.Text(0) == "ok";
+  } catch (const RunTimeError& error) {
+    if (error.Number() != ErrorNumber::kDamagedFile) throw;
+    return false;
+  }
 }
 
 // Transactions --------------------------------------------------------------------------------------------------------

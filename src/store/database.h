@@ -40,7 +40,8 @@ class Database {
   /// empty or no database, 3049 it is cut off or damaged, 3260 another program holds it, 3043 it cannot be read.
   static std::unique_ptr<Database> Open(const std::filesystem::path& path, OpenMode mode = OpenMode::kReadWrite);
 
-  /// Makes a new file with these tables, empty; error 3010 if the file exists, 3044 if its folder does not.
+  /// Makes a new file with these tables, empty; error 3010 if the file exists, 3044 if its folder does not, 3043 if it
+  /// cannot be written. A failure leaves no file behind.
   static std::unique_ptr<Database> Create(const std::filesystem::path& path, std::span<const TableInfo> tables);
 
   Database(const Database&) = delete;

@@ -22,6 +22,7 @@ struct Database::Impl {
 
   std::shared_ptr<Connection> connection;
   std::unordered_map<std::string, std::shared_ptr<Table>> tables;  ///< by folded name
+  std::uint64_t undone = 0;                                        ///< transactions undone when they were looked over
 };
 
 /// What a keyed set or snapshot reads again on Requery.

@@ -32,9 +32,7 @@ void RecordSet::Impl::Fill() {
   const Translation translation = TranslateSql(source.query);
   auto& statement = database->Prepare(translation.sql, source.query);
   const Execution execution(statement);
-  for (std::size_t i = 0; i < translation.parameters.size(); ++i) {
-    statement.Bind(static_cast<int>(i + 1), translation.parameters[i]);
-  }
+  statement.Bind(translation.parameters);
   if (kind == Kind::kKeyed) {
     auto rows = std::make_shared<std::vector<RowId>>();
     while (statement.Step()) rows->push_back(statement.Integer(0));

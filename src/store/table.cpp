@@ -45,11 +45,9 @@ bool EqualAsKey(const Value& a, const Value& b) {
 
 Table::Table(std::shared_ptr<Connection> connection, std::string_view name)
     : connection_(std::move(connection)), rows_(kRowSlots), seeks_(kKeySlots), matches_(kKeySlots) {
-  auto& find =
-      connection_->Prepared("SELECT name FROM sqlite_master WHERE type = 'table' AND name = ?1 COLLATE NOCASE");
+  Statement find(*connection_, "SELECT name FROM sqlite_master WHERE type = 'table' AND name = ?1 COLLATE NOCASE");
   const Value wanted(name);
   find.Bind(1, wanted);
-  const Execution execution(find);
   if (!find.Step()) {
     throw RunTimeError(ErrorNumber::kObjectNotFound,
                        fmt::format("The table '{}' was not found in {}.", name, connection_->Path().string()));
@@ -146,7 +144,7 @@ Statement& Table::IndexStatement(char purpose, std::size_t index, std::size_t de
 
 std::optional<RowId> Table::FirstRow(Statement& statement, std::span<const Value> key) {
   const Execution execution(statement);
-  for (std::size_t i = 0; i < key.size(); ++i) statement.Bind(static_cast<int>(i + 1), key[i]);
+  statement.Bind(key);
   if (!statement.Step()) return std::nullopt;
   return statement.Integer(0);
 }
@@ -198,7 +196,7 @@ std::shared_ptr<const std::vector<RowId>> Table::Matching(std::size_t index, std
   auto rows = std::make_shared<std::vector<RowId>>();
   {
     const Execution execution(statement);
-    for (std::size_t i = 0; i < depth; ++i) statement.Bind(static_cast<int>(i + 1), key[i]);
+    statement.Bind(key);
     while (statement.Step()) rows->push_back(statement.Integer(0));
   }
   std::sort(rows->begin(), rows->end());
@@ -258,7 +256,7 @@ std::optional<RowId> Table::Neighbour(std::optional<std::size_t> index, RowId ro
                          KeyCondition(*index, shared), shared == 0 ? "" : " AND ", step, Order(index, backward));
     });
     const Execution execution(statement);
-    for (std::size_t i = 0; i < shared; ++i) statement.Bind(static_cast<int>(i + 1), key[i]);
+    statement.Bind(key.first(shared));
     if (same_key) {
       statement.Bind(static_cast<int>(shared + 1), row);
     } else if (!null) {
@@ -329,7 +327,7 @@ RowId Table::Insert(RowValues& values) {
   }
   {
     const Execution execution(*insert_);
-    for (std::size_t i = 0; i < values.size(); ++i) insert_->Bind(static_cast<int>(i + 1), values[i]);
+    insert_->Bind(values);
     insert_->Step();
   }
   ++key_version_;

@@ -26,10 +26,9 @@ std::string TypeText(const StoredField& field) {
 }
 
 /// The fields of a query's result, as a table can hold them.
-std::vector<StoredField> ResultFields(Connection& connection, const Translation& translation) {
-  const Statement probe(connection, translation.sql);
+std::vector<StoredField> ResultFields(const Statement& query) {
   std::vector<StoredField> fields;
-  for (int i = 0; i < probe.ColumnCount(); ++i) fields.push_back(probe.ResultField(i));
+  for (int i = 0; i < query.ColumnCount(); ++i) fields.push_back(query.ResultField(i));
   return fields;
 }
 
@@ -52,25 +51,22 @@ std::string IndexDefinition(std::string_view table, const StoredIndex& index) {
   return sql + ")";
 }
 
-std::int64_t SelectInto(Connection& connection, Database& database, const Translation& translation) {
+std::int64_t SelectInto(Statement& select, Database& database, const Translation& translation) {
   std::unique_ptr<Database> other;
   if (!translation.target_connect.empty()) {
     if (!LowerCase(translation.target_connect).starts_with(kDatabaseConnect)) {
       throw RunTimeError(ErrorNumber::kUnknownFormat,
                          fmt::format("The file format of '[{}]' is not available.", translation.target_connect));
     }
-    other = Database::Open(translation.target_connect.substr(kDatabaseConnect.size()));
+    const std::filesystem::path path = translation.target_connect.substr(kDatabaseConnect.size());
+    std::error_code ignored;
+    if (!std::filesystem::equivalent(path, database.Path(), ignored)) other = Database::Open(path);
   }
   Database& target = other ? *other : database;
-  const auto fields = ResultFields(connection, translation);
+  const auto fields = ResultFields(select);
   Transaction transaction(target);
   target.CreateTable(translation.target_table, fields, {});
   auto rows = target.OpenTable(translation.target_table);
-  auto& select = connection.Prepared(translation.sql);
-  const Execution execution(select);
-  for (std::size_t i = 0; i < translation.parameters.size(); ++i) {
-    select.Bind(static_cast<int>(i + 1), translation.parameters[i]);
-  }
   std::int64_t count = 0;
   Value value;
   while (select.Step()) {
