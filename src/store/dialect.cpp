@@ -6,6 +6,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <span>
 
 #include "store/connection.h"
 #include "store/dialect_tokens.h"
@@ -90,6 +91,9 @@ class Translator {
     const std::size_t from_start = at_;
     const std::string from = Expression({"WHERE", "GROUP", "ORDER"});
     const bool one_table = at_ == from_start + 1 && tokens_[from_start].IsName();
+    // Rows that the order leaves equal come in the order of the file; of joined tables the first one counts.
+    const bool joined =
+        tokens_[from_start].IsName() && from_start + 1 < tokens_.size() && tokens_[from_start + 1].IsKeyword("INNER");
     std::string tail;
     if (TakeKeyword("WHERE")) tail += " WHERE" + Expression({"GROUP", "ORDER"});
     std::string groups;
@@ -113,10 +117,11 @@ class Translator {
     if (whole_rows) {
       result_.kind = QueryKind::kWholeRows;
       result_.table = tokens_[from_start].text;
-      // Rows that the order leaves equal come in the order of the file.
-      order = order.empty() ? " rowid" : order + ", rowid";
     } else {
       result_.kind = into ? QueryKind::kSelectInto : QueryKind::kRows;
+    }
+    if ((one_table || joined) && groups.empty() && !distinct) {
+      order += (order.empty() ? " " : ", ") + Quoted(tokens_[from_start].text) + ".rowid";
     }
     result_.sql = "SELECT" + std::string(distinct ? " DISTINCT" : "") + (whole_rows ? " rowid" : list) + " FROM" +
                   from + tail + (order.empty() ? "" : " ORDER BY" + order);
@@ -142,8 +147,16 @@ class Translator {
   // Expressions ------------------------------------------------------------------------------------------------------
   /// Translates up to one of the keywords, outside parentheses, or to the end. Begins with a blank.
   std::string Expression(std::initializer_list<std::string_view> stops) {
+    std::vector<std::string> alternatives;
     std::string sql;
+    bool list = false;
     while (!AtEnd() && !AtAnyKeyword(stops) && !AtSymbol(")")) {
+      if (TakeKeyword("OR")) {
+        alternatives.push_back(std::move(sql));
+        sql.clear();
+        continue;
+      }
+      list = list || AtSymbol(",");
       std::string operand = Operand();
       if (AtSymbol("&")) {
         operand = "join_texts(" + operand;
@@ -157,7 +170,17 @@ class Translator {
       sql += operand;
     }
     if (sql.empty()) Fail("an expression is missing");
-    return sql;
+    if (alternatives.empty()) return sql;
+    if (list) Fail("OR is not expected in a list");
+    alternatives.push_back(std::move(sql));
+    return Alternatives(alternatives);
+  }
+
+  /// `a OR b OR c ...` in nested halves: a choice of thousands of names stays within SQLite's depth of expressions.
+  static std::string Alternatives(std::span<const std::string> parts) {
+    if (parts.size() == 1) return parts.front();
+    const std::size_t half = parts.size() / 2;
+    return " (" + Alternatives(parts.first(half)) + " OR" + Alternatives(parts.subspan(half)) + ")";
   }
 
   /// A constant, a name with its table, a function call, something in parentheses, or a keyword or operator.

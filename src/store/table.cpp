@@ -8,6 +8,7 @@
 #include <limits>
 
 #include "store/letter_case.h"
+#include "store/number_text.h"
 #include "store/run_time_error.h"
 
 namespace orvex::store {
@@ -404,12 +405,12 @@ void Table::Delete(RowId row) {
 
 void Table::Convert(std::size_t field, double value, Value& stored) const {
   const auto& definition = fields_[field];
-  if (!std::isfinite(value)) {
-    throw RunTimeError(ErrorNumber::kOverflow,
-                       fmt::format("Overflow: the value for the field '{}' of the table '{}' is not a "
-                                   "finite number.",
-                                   definition.name, name_));
-  }
+  const auto overflow = [&](std::string_view what) {
+    throw RunTimeError(
+        ErrorNumber::kOverflow,
+        fmt::format("Overflow: the value for the field '{}' of the table '{}' {}.", definition.name, name_, what));
+  };
+  if (!std::isfinite(value)) overflow("is not a finite number");
   switch (definition.type) {
     case FieldType::kDouble:
       stored.SetReal(value);
@@ -418,9 +419,14 @@ void Table::Convert(std::size_t field, double value, Value& stored) const {
       stored.SetInteger(value != 0 ? -1 : 0);
       return;
     case FieldType::kLong:
-    case FieldType::kCounter:
-      stored.SetInteger(Value(value).AsLong());
+    case FieldType::kCounter: {
+      const double whole = std::nearbyint(value);  // halves to the even neighbour
+      if (whole < std::numeric_limits<std::int32_t>::min() || whole > std::numeric_limits<std::int32_t>::max()) {
+        overflow("is outside the range of a whole number");
+      }
+      stored.SetInteger(static_cast<std::int64_t>(whole));
       return;
+    }
     case FieldType::kText:
       Convert(field, std::string_view(Value(value).AsText()), stored);
       return;
@@ -440,14 +446,13 @@ void Table::Convert(std::size_t field, std::string_view value, Value& stored) co
     stored.SetText(value);
     return;
   }
-  try {
-    Convert(field, Value(value).AsDouble(), stored);
-  } catch (const RunTimeError& error) {
-    if (error.Number() != ErrorNumber::kTypeMismatch) throw;
+  const auto number = ParseNumber(value);
+  if (!number) {
     throw RunTimeError(
         ErrorNumber::kDataConversion,
         fmt::format("The field '{}' of the table '{}' holds numbers, not \"{}\".", definition.name, name_, value));
   }
+  Convert(field, *number, stored);
 }
 
 void Table::Convert(std::size_t field, const Value& value, Value& stored) const {

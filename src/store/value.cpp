@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 
+#include "store/number_text.h"
 #include "store/run_time_error.h"
 
 namespace orvex::store {
@@ -13,13 +14,13 @@ namespace {
 [[noreturn]] void ThrowNull() { throw RunTimeError(ErrorNumber::kInvalidUseOfNull, "Invalid use of Null."); }
 
 double ParseText(const std::string& text) {
-  double value = 0;
-  const auto* const end = text.data() + text.size();
-  const auto parsed = std::from_chars(text.data(), end, value);
-  if (parsed.ec != std::errc() || parsed.ptr != end) {
-    throw RunTimeError(ErrorNumber::kTypeMismatch, "Type mismatch: \"" + text + "\" is not a number.");
-  }
-  return value;
+  if (const auto number = ParseNumber(text)) return *number;
+  throw RunTimeError(ErrorNumber::kTypeMismatch, "Type mismatch: \"" + text + "\" is not a number.");
+}
+
+double Finite(double number) {
+  if (!std::isfinite(number)) throw RunTimeError(ErrorNumber::kOverflow, "Overflow: the number is not finite.");
+  return number;
 }
 
 }  // namespace
@@ -31,11 +32,9 @@ double Value::AsDouble() const {
     case Kind::kInteger:
       return static_cast<double>(integer_);
     case Kind::kReal:
-    case Kind::kText: {
-      const double value = kind_ == Kind::kReal ? real_ : ParseText(text_);
-      if (!std::isfinite(value)) throw RunTimeError(ErrorNumber::kOverflow, "Overflow: the number is not finite.");
-      return value;
-    }
+      return Finite(real_);
+    case Kind::kText:
+      return ParseText(text_);
   }
   ThrowNull();
 }
@@ -58,7 +57,7 @@ std::string Value::AsText() const {
       return std::to_string(integer_);
     case Kind::kReal: {
       std::array<char, 400> text{};  // holds any double in fixed notation
-      const auto end = std::to_chars(text.data(), text.data() + text.size(), real_, std::chars_format::fixed);
+      const auto end = std::to_chars(text.data(), text.data() + text.size(), Finite(real_), std::chars_format::fixed);
       return {text.data(), end.ptr};
     }
     case Kind::kText:

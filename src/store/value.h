@@ -29,7 +29,7 @@ class Value {
   [[nodiscard]] std::int32_t AsLong() const;
   /// Anything but zero is true; error 94 when null.
   [[nodiscard]] bool AsBool() const;
-  /// As text, numbers in plain decimal notation; error 94 when null.
+  /// As text, numbers in plain decimal notation; error 94 when null, 6 when not finite.
   [[nodiscard]] std::string AsText() const;
 
   /// Null reads as 0, false or an empty text here.
