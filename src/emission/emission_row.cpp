@@ -38,9 +38,10 @@ void SetZero(store::RecordSet& row, FieldNames fields) {
 }
 
 void SetCas(store::RecordSet& row, std::string_view text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return;
-  row.Set("CAS", text.substr(first, text.find_last_not_of(' ') + 1 - first));
+  if (text.empty()) return;
+  while (text.starts_with(' ')) text.remove_prefix(1);
+  while (text.ends_with(' ')) text.remove_suffix(1);
+  row.Set("CAS", text);
 }
 
 }  // namespace orvex::emission

@@ -23,7 +23,7 @@ void CopyNumbers(store::RecordSet& from, store::RecordSet& row, FieldNames field
 void CopyFlags(store::RecordSet& from, store::RecordSet& row, FieldNames fields);
 void SetZero(store::RecordSet& row, FieldNames fields);
 
-/// Writes the CAS number unless it is empty; `text` may end in blanks.
+/// Writes the CAS number without the blanks around it; an empty text leaves the field as it is.
 void SetCas(store::RecordSet& row, std::string_view text);
 
 /// What identifies the tank in every row.
