@@ -1,0 +1,21 @@
+#pragma once
+
+#include <filesystem>
+#include <span>
+#include <string>
+
+#include "measurement.h"
+
+namespace orvex::bench {
+
+/// The heading of the table of results.
+std::string TableHead();
+/// One line of it; what was not measured shows as a dash.
+std::string TableLine(const Measurement& measured);
+/// How the time per tank grows from the small to the large inventory; empty unless both were measured.
+std::string GrowthLine(std::span<const Measurement> measured);
+
+/// Writes all results, times in seconds, memory in bytes.
+void WriteJson(const std::filesystem::path& path, std::span<const Measurement> measured);
+
+}  // namespace orvex::bench
