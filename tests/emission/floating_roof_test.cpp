@@ -127,6 +127,13 @@ TEST(DeckSeamLoss, ASeamLengthReplacesTheLengthFactor) {
   EXPECT_DOUBLE_EQ(s_d, 0.18862824002896387);
 }
 
+TEST(DeckSeamLoss, AShortSeamStillReplacesTheLengthFactor) {
+  // S_D = 4 * 0.5 / (8100 * 3.14159) = 2 / 25446.879
+  double s_d = 0.2;
+  (void)DeckSeamLoss(90, 0.0275, 68, 1, 0.14, s_d, 0.5);
+  EXPECT_DOUBLE_EQ(s_d, 7.8595100012068278e-05);
+}
+
 TEST(DeckSeamLoss, ANegativeSeamLengthIsNone) {
   double s_d = 0.2;
   EXPECT_DOUBLE_EQ(DeckSeamLoss(90, 0.0275, 68, 1, 0.14, s_d, -1), 424.116);
