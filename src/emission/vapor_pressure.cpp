@@ -10,10 +10,12 @@
 namespace orvex::emission {
 namespace {
 
-/// The first complete form of an organic liquid, in the order in which they are preferred.
+/// By the first form of an organic liquid that its row fills, in the order in which they are preferred. The Antoine
+/// form is chosen by its coefficient B alone.
 double OrganicLiquid(store::RecordSet& chemical, double T) {
   if (const double b = chemical.DoubleOrZero("VP_COEF_B"); b != 0) {
-    return AntoineVaporPressure(chemical.DoubleOrZero("VP_COEF_A"), b, chemical.DoubleOrZero("VP_COEF_C"), T);
+    if (chemical.IsNull("VP_COEF_A") || chemical.IsNull("VP_COEF_C")) return 0;
+    return AntoineVaporPressure(chemical.Double("VP_COEF_A"), b, chemical.Double("VP_COEF_C"), T);
   }
   const double a2 = chemical.DoubleOrZero("VP_2_A");
   const double b2 = chemical.DoubleOrZero("VP_2_B");
