@@ -1,7 +1,5 @@
 #include "emission/calc_prop.h"
 
-#include <fmt/format.h>
-
 #include "emission/field_reading.h"
 #include "emission/liquid_temperature.h"
 #include "emission/mixture.h"
@@ -177,9 +175,8 @@ void FillComponents(Session& session, int32_t ID, double average_r) {
 void CalcProp(Session& session, int32_t ID) {
   const shell::BusyScope busy(session.host, "Processing");
   shell::TrappedWriting(session, *session.ClientDb, "modEmission.CalcProp", [&] {
-    auto tanks = session.ClientDb->OpenQuery(fmt::format("SELECT tank.* FROM tank WHERE (((tank.ID)= {}));", ID));
-    auto mixtures =
-        session.ClientDb->OpenQuery(fmt::format("SELECT mixtures.* FROM mixtures WHERE (((mixtures.ID)={}));", ID));
+    auto tanks = session.ClientDb->OpenMatching("tank", "ID", {ID});
+    auto mixtures = session.ClientDb->OpenMatching("mixtures", "IDMIX", {ID});
     const Tank tank = ReadTank(tanks);
     auto weather = session.ReferenceDb->OpenTable("met");
     weather.SetIndex("CTYST");

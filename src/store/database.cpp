@@ -114,7 +114,7 @@ RecordSet Database::OpenMatching(std::string_view table_name, std::string_view i
 }
 
 RecordSet Database::OpenQuery(std::string_view sql) {
-  const Translation translation = TranslateSql(sql);
+  Translation translation = TranslateSql(sql);
   if (translation.kind == QueryKind::kDelete || translation.kind == QueryKind::kSelectInto) {
     throw RunTimeError(ErrorNumber::kOperationNotSupported, fmt::format("The query '{}' gives no rows.", sql));
   }
@@ -122,6 +122,7 @@ RecordSet Database::OpenQuery(std::string_view sql) {
   auto set = std::make_unique<RecordSet::Impl>(keyed ? RecordSet::Impl::Kind::kKeyed : RecordSet::Impl::Kind::kSnapshot,
                                                impl_, keyed ? impl_->GetTable(translation.table) : nullptr);
   set->source.query = sql;
+  set->source.translation = std::move(translation);
   set->Fill();
   return RecordSet(std::move(set));
 }

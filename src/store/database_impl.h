@@ -27,9 +27,10 @@ struct Database::Impl {
 
 /// What a keyed set or snapshot reads again on Requery.
 struct RowSource {
-  std::string query;       ///< a query of the dialect, or
-  std::size_t index = 0;   ///< an index of the table and
-  std::vector<Value> key;  ///< the beginning of its key
+  std::string query;        ///< a query of the dialect
+  Translation translation;  ///< and what it means, or
+  std::size_t index = 0;    ///< an index of the table
+  std::vector<Value> key;   ///< and the beginning of its key
 };
 
 }  // namespace orvex::store

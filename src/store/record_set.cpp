@@ -29,10 +29,9 @@ void RecordSet::Impl::Fill() {
     keys = table->Matching(source.index, source.key);
     return;
   }
-  const Translation translation = TranslateSql(source.query);
-  auto& statement = database->Prepare(translation.sql, source.query);
+  auto& statement = database->Prepare(source.translation.sql, source.query);
   const Execution execution(statement);
-  statement.Bind(translation.parameters);
+  statement.Bind(source.translation.parameters);
   if (kind == Kind::kKeyed) {
     auto rows = std::make_shared<std::vector<RowId>>();
     while (statement.Step()) rows->push_back(statement.Integer(0));
