@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <vector>
 
 #include "emission/calc_prop.h"
 #include "emission/emiss_fix.h"
@@ -87,6 +88,7 @@ class Run {
       CalcProp(session_, tank_.ID);
       ReadType();
       CalculateTank();
+      calculated_.push_back(tank_.ID);
       ReportProgress();
     }
   }
@@ -134,11 +136,10 @@ class Run {
   }
 
   /// Condition that picks the rows of the run's tanks.
-  std::string Filter() {
+  [[nodiscard]] std::string Filter() const {
     std::string filter;
-    for (const auto& user_id : session_.TankList) {
-      SeekTank(user_id);
-      filter += fmt::format("{}(emission.[ID] = {})", filter.empty() ? "" : " or ", tank_.ID);
+    for (const auto ID : calculated_) {
+      filter += fmt::format("{}(emission.[ID] = {})", filter.empty() ? "" : " or ", ID);
     }
     return filter;
   }
@@ -164,6 +165,7 @@ class Run {
   store::Database& client_;
   RecordSet tanks_;
   Tank tank_;
+  std::vector<int32_t> calculated_;  ///< the `ID` of each tank of the list
   std::size_t done_ = 0;
   std::size_t total_;
 };
