@@ -45,7 +45,7 @@ bool EqualAsKey(const Value& a, const Value& b) {
 }  // namespace
 
 Table::Table(std::shared_ptr<Connection> connection, std::string_view name)
-    : connection_(std::move(connection)), rows_(kRowSlots), seeks_(kKeySlots), matches_(kKeySlots) {
+    : connection_(std::move(connection)), rows_(kRowSlots) {
   Statement find(*connection_, "SELECT name FROM sqlite_master WHERE type = 'table' AND name = ?1 COLLATE NOCASE");
   const Value wanted(name);
   find.Bind(1, wanted);
@@ -63,7 +63,7 @@ void Table::ReadDefinition() {
     int width = 0;
     const FieldType type = TypeOf(fields.Text(2), fields.Integer(5) != 0, width);
     if (type == FieldType::kCounter) counter_ = fields_.size();
-    positions_.emplace(LowerCase(fields.Text(1)), fields_.size());
+    positions_.Add(fields.Text(1));
     fields_.push_back({fields.Text(1), type, width});
   }
   indexed_.resize(fields_.size());
@@ -76,11 +76,11 @@ void Table::ReadDefinition() {
     std::vector<std::size_t> positions;
     Statement columns(*connection_, "PRAGMA index_info(" + Quoted(full_name) + ")");
     while (columns.Step()) {
-      const auto position = positions_.find(LowerCase(columns.Text(2)));
-      if (position == positions_.end()) break;  // an expression or a hidden column: the fields before it serve
-      positions.push_back(position->second);
-      index.fields.push_back(fields_[position->second].name);
-      indexed_[position->second] = true;
+      const auto position = positions_.Find(columns.Text(2));
+      if (!position) break;  // an expression or a hidden column: the fields before it serve
+      positions.push_back(*position);
+      index.fields.push_back(fields_[*position].name);
+      indexed_[*position] = true;
     }
     if (positions.empty()) continue;
     indexes_.push_back(std::move(index));
@@ -102,12 +102,10 @@ std::string Table::NameError(std::string_view what, std::string_view name) const
 std::size_t Table::FieldPosition(std::string_view name, std::size_t& hint) const {
   // Routines write and read fields in the order of the table, so the next one is the likely one.
   if (hint < fields_.size() && fields_[hint].name == name) return hint++;
-  std::string folded(name);
-  for (char& c : folded) c = Folded(c);
-  const auto found = positions_.find(folded);
-  if (found == positions_.end()) throw RunTimeError(ErrorNumber::kItemNotFound, NameError("field", name));
-  hint = found->second + 1;
-  return found->second;
+  const auto found = positions_.Find(name);
+  if (!found) throw RunTimeError(ErrorNumber::kItemNotFound, NameError("field", name));
+  hint = *found + 1;
+  return *found;
 }
 
 std::size_t Table::IndexNumber(std::string_view name) const {
@@ -150,7 +148,8 @@ std::optional<RowId> Table::FirstRow(Statement& statement, std::span<const Value
   return statement.Integer(0);
 }
 
-Table::CachedKey& Table::KeySlot(std::vector<CachedKey>& slots, std::size_t index, std::span<const Value> key) const {
+Table::CachedKey& Table::KeySlot(std::vector<CachedKey>& slots, std::size_t index, std::span<const Value> key) {
+  if (slots.empty()) slots.resize(kKeySlots);
   std::size_t hash = index + 0x9E3779B97F4A7C15ULL * key.size();
   for (const auto& value : key) hash = hash * 31 + HashOf(value);
   return slots[(hash ^ (hash >> 17)) % kKeySlots];
@@ -171,6 +170,11 @@ void Table::Remember(CachedKey& slot, std::size_t index, std::span<const Value> 
 std::optional<RowId> Table::Seek(std::size_t index, std::span<const Value> key) {
   const auto depth = std::min(key.size(), indexes_[index].fields.size());
   key = key.first(depth);
+  if (depth == 1 && index_fields_[index][0] == counter_ && key[0].GetKind() == Value::Kind::kInteger) {
+    // The Counter is the row's own number.
+    const RowId row = key[0].RawInteger();
+    return Refresh(row) ? std::optional(row) : std::nullopt;
+  }
   auto& slot = KeySlot(seeks_, index, key);
   if (Holds(slot, index, key)) return slot.first;
   auto& statement = IndexStatement('s', index, depth, [&] {

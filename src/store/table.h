@@ -12,6 +12,7 @@
 
 #include "store/connection.h"
 #include "store/database.h"
+#include "store/field_names.h"
 #include "store/value.h"
 
 namespace orvex::store {
@@ -95,14 +96,14 @@ class Table {
     std::shared_ptr<const std::vector<RowId>> matching;  ///< result of Matching
   };
   static constexpr std::size_t kRowSlots = 512;
-  static constexpr std::size_t kKeySlots = 512;
+  static constexpr std::size_t kKeySlots = 2048;  ///< so that the cities and chemicals hardly meet in one
 
   void ReadDefinition();
   [[nodiscard]] std::string FieldList() const;
   [[nodiscard]] std::string NameError(std::string_view what, std::string_view name) const;
   std::optional<RowId> EndOf(std::optional<std::size_t> index, bool last);
   std::optional<RowId> FirstRow(Statement& statement, std::span<const Value> key);
-  CachedKey& KeySlot(std::vector<CachedKey>& slots, std::size_t index, std::span<const Value> key) const;
+  static CachedKey& KeySlot(std::vector<CachedKey>& slots, std::size_t index, std::span<const Value> key);
   [[nodiscard]] bool Holds(const CachedKey& slot, std::size_t index, std::span<const Value> key) const;
   void Remember(CachedKey& slot, std::size_t index, std::span<const Value> key) const;
   /// The statement for what `sql` makes, prepared once per index and number of key values.
@@ -125,14 +126,14 @@ class Table {
   std::vector<bool> indexed_;                           ///< whether any index holds the field
   std::optional<std::size_t> counter_;                  ///< position of the Counter field
 
-  std::unordered_map<std::string, std::size_t> positions_;  ///< folded field name to position
+  FieldNames positions_;
   std::unordered_map<std::uint64_t, std::unique_ptr<Statement>> index_statements_;
   std::unordered_map<std::string, std::unique_ptr<Statement>> update_statements_;  ///< by the set of fields written
   std::unique_ptr<Statement> read_, insert_, delete_;
 
   std::uint64_t version_ = 1, key_version_ = 1;
   std::vector<CachedRow> rows_;
-  std::vector<CachedKey> seeks_, matches_;
+  std::vector<CachedKey> seeks_, matches_;  ///< empty until first used
   std::vector<RowValues> spare_buffers_;
 };
 
