@@ -121,8 +121,7 @@ RecordSet Database::OpenQuery(std::string_view sql) {
   const bool keyed = translation.kind == QueryKind::kWholeRows;
   auto set = std::make_unique<RecordSet::Impl>(keyed ? RecordSet::Impl::Kind::kKeyed : RecordSet::Impl::Kind::kSnapshot,
                                                impl_, keyed ? impl_->GetTable(translation.table) : nullptr);
-  set->source.query = sql;
-  set->source.translation = std::move(translation);
+  set->source.query = std::make_unique<const Query>(Query{std::string(sql), std::move(translation)});
   set->Fill();
   return RecordSet(std::move(set));
 }

@@ -25,12 +25,17 @@ struct Database::Impl {
   std::uint64_t undone = 0;                                        ///< transactions undone when they were looked over
 };
 
+/// A query of the dialect and what it means.
+struct Query {
+  std::string text;
+  Translation translation;
+};
+
 /// What a keyed set or snapshot reads again on Requery.
 struct RowSource {
-  std::string query;        ///< a query of the dialect
-  Translation translation;  ///< and what it means, or
-  std::size_t index = 0;    ///< an index of the table
-  std::vector<Value> key;   ///< and the beginning of its key
+  std::unique_ptr<const Query> query;  ///< or, without one,
+  std::size_t index = 0;               ///< an index of the table
+  std::vector<Value> key;              ///< and the beginning of its key
 };
 
 }  // namespace orvex::store

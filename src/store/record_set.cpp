@@ -25,13 +25,14 @@ namespace {
 RecordSet::Impl::~Impl() { StopEditing(); }
 
 void RecordSet::Impl::Fill() {
-  if (kind == Kind::kKeyed && source.query.empty()) {
+  if (!source.query) {
     keys = table->Matching(source.index, source.key);
     return;
   }
-  auto& statement = database->Prepare(source.translation.sql, source.query);
+  const Translation& translation = source.query->translation;
+  auto& statement = database->Prepare(translation.sql, source.query->text);
   const Execution execution(statement);
-  statement.Bind(source.translation.parameters);
+  statement.Bind(translation.parameters);
   if (kind == Kind::kKeyed) {
     auto rows = std::make_shared<std::vector<RowId>>();
     while (statement.Step()) rows->push_back(statement.Integer(0));

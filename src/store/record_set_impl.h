@@ -72,7 +72,7 @@ struct RecordSet::Impl {
   Editing editing = Editing::kNo;
   RowValues buffer;
   RowId last_modified = 0;
-  std::size_t hint = 0;  ///< where the next field is expected
+  std::size_t hint = 0;  ///< for FieldPosition
 };
 
 }  // namespace orvex::store

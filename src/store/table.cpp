@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <numeric>
 
 #include "store/letter_case.h"
 #include "store/number_text.h"
@@ -67,6 +68,8 @@ void Table::ReadDefinition() {
     fields_.push_back({fields.Text(1), type, width});
   }
   indexed_.resize(fields_.size());
+  followers_.resize(fields_.size() + 1);
+  std::iota(followers_.begin(), followers_.end(), 0);
   Statement indexes(*connection_, "PRAGMA index_list(" + Quoted(name_) + ")");
   const std::string prefix = LowerCase(name_) + ".";
   while (indexes.Step()) {
@@ -99,11 +102,10 @@ std::string Table::NameError(std::string_view what, std::string_view name) const
                      connection_->Path().string());
 }
 
-std::size_t Table::FieldPosition(std::string_view name, std::size_t& hint) const {
-  // Routines write and read fields in the order of the table, so the next one is the likely one.
-  if (hint < fields_.size() && fields_[hint].name == name) return hint++;
+std::size_t Table::FindField(std::string_view name, std::size_t& hint) {
   const auto found = positions_.Find(name);
   if (!found) throw RunTimeError(ErrorNumber::kItemNotFound, NameError("field", name));
+  followers_[hint] = *found;
   hint = *found + 1;
   return *found;
 }
