@@ -123,6 +123,8 @@ bool Connection::Begin(bool write) {
     ++depth_;
     return false;
   }
+  // SQLite itself would begin to read here, and fail at the first change.
+  if (write && ReadOnly()) Fail(SQLITE_READONLY);
   Execute(write ? "BEGIN IMMEDIATE" : "BEGIN");
   ++depth_;
   ++epoch_;
