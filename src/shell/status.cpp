@@ -1,6 +1,7 @@
 #include "shell/status.h"
 
 #include <string>
+#include <utility>
 
 namespace orvex::shell {
 
@@ -12,14 +13,17 @@ void SetStatus(Host& host, std::string_view text, bool please_wait) {
   host.SetStatusText(std::string(text) + (please_wait ? ", please wait..." : ""));
 }
 
-BusyScope::BusyScope(Host& host, std::string_view status) : host_(host) {
+BusyScope::BusyScope(Host& host, std::string_view status)
+    : host_(host), outer_status_(std::exchange(host.busy_status_, std::string(status))) {
   host_.SetPointer(Pointer::kBusy);
   SetStatus(host_, status, true);
 }
 
 BusyScope::~BusyScope() {
-  host_.SetPointer(Pointer::kDefault);
-  SetStatus(host_, "", false);
+  host_.busy_status_ = outer_status_;
+  const bool still_busy = !outer_status_.empty();
+  host_.SetPointer(still_busy ? Pointer::kBusy : Pointer::kDefault);
+  SetStatus(host_, outer_status_, still_busy);
 }
 
 }  // namespace orvex::shell

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "shell/host.h"
@@ -13,7 +14,8 @@ inline constexpr std::string_view kVersion = "4.0.9d";
 /// Writes the status line: "Ready" for an empty text, otherwise the text, with ", please wait..." behind it on demand.
 void SetStatus(Host& host, std::string_view text, bool please_wait);
 
-/// Busy pointer and a status text for the length of a command; both are restored on every way out.
+/// Busy pointer and a status text for the length of a command; both are restored on every way out. A command inside
+/// another one gives back the outer one's, so that the pointer stays busy to the end of that.
 class BusyScope {
  public:
   BusyScope(Host& host, std::string_view status);
@@ -23,6 +25,7 @@ class BusyScope {
 
  private:
   Host& host_;
+  std::string outer_status_;
 };
 
 }  // namespace orvex::shell
