@@ -1,10 +1,14 @@
 #include "shell/number_format.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
 #include <string_view>
+
+#include "store/number_text.h"
+#include "store/run_time_error.h"
 
 namespace orvex::shell {
 namespace {
@@ -18,7 +22,13 @@ struct Decimal {
   int point = 0;
 };
 
+[[noreturn]] void ThrowOverflow() {
+  throw store::RunTimeError(store::ErrorNumber::kOverflow, "Overflow: a number is too large.");
+}
+
+/// Error 6 for a number that is not finite.
 Decimal ToDecimal(double value) {
+  if (!std::isfinite(value)) ThrowOverflow();
   std::array<char, 32> text{};
   const auto end = std::to_chars(text.data(), text.data() + text.size(), std::abs(value), std::chars_format::scientific,
                                  kSignificantDigits - 1);
@@ -76,10 +86,10 @@ std::string Fixed(double value, int decimals, bool thousands) {
   return number.negative && !zero ? "-" + text : text;
 }
 
+/// Error 6 for a text that was rounded up beyond the range of a number.
 double Parse(std::string_view text) {
-  double value = 0;
-  std::from_chars(text.data(), text.data() + text.size(), value);
-  return value;
+  if (const auto number = store::ParseNumber(text)) return *number;
+  ThrowOverflow();
 }
 
 }  // namespace

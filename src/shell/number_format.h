@@ -5,7 +5,8 @@
 namespace orvex::shell {
 
 // Display formats of numbers. They round the value's 15 significant digits, halves away from zero, and always use a
-// point for decimals and a comma for thousands, whatever the locale.
+// point for decimals and a comma for thousands, whatever the locale. Nothing that shows as zero has a sign. Every
+// function gives error 6 for a number that is not finite.
 
 /// "#,##0": thousands commas, no decimals. "1,235"
 std::string FormatWhole(double value);
@@ -18,7 +19,8 @@ std::string FormatTwoToSixDecimals(double value);
 /// "Scientific": a mantissa with two decimals and an exponent of at least two digits. "1.23E-05"
 std::string FormatScientific(double value);
 
-// A value taken through a display format and back: the rounding that stored and compared values get.
+// A value taken through a display format and back: the rounding that stored and compared values get. Error 6 for a
+// number so great that it is rounded beyond the range.
 double RoundFourDecimals(double value);
 double RoundSixDecimals(double value);
 double RoundScientific(double value);
