@@ -5,13 +5,13 @@
 #include <ostream>
 
 #include "orvex-report/terminal_text.h"
+#include "shell/trap.h"
 #include "store/run_time_error.h"
 
 namespace orvex::report_app {
 namespace {
 
 constexpr std::string_view kPrintWindow = "frmprintrep";
-constexpr std::string_view kErrorReportHead = "The following Error occurred:";
 constexpr std::string_view kClearLine = "\r\x1B[K";
 
 /// The lines of a message box, each safe to print.
@@ -40,7 +40,7 @@ HeadlessHost::~HeadlessHost() { ClearProgress(); }
 shell::Answer HeadlessHost::ShowMessage(const std::string& text, const std::string&, shell::Buttons buttons,
                                         shell::Icon) {
   ClearProgress();
-  if (text.starts_with(kErrorReportHead)) failure_reported_ = true;
+  if (text.starts_with(shell::kErrorReportHead)) failure_reported_ = true;
   messages_ << "orvex-report:\n" << PrintableLines(text);
   switch (buttons) {
     case shell::Buttons::kOk:

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>
 #include <string_view>
 #include <utility>
 
@@ -15,6 +14,9 @@
 /// The caller goes on with that value. Pointer and status are restored by `BusyScope` on every way out.
 /// Other exceptions (`Interrupted`, out of memory) are no failures of a routine and pass through.
 namespace orvex::shell {
+
+/// How the message box of every error report begins, and no other.
+inline constexpr std::string_view kErrorReportHead = "The following Error occurred:";
 
 /// Tells the person about a failure in a routine: default pointer, beep, a message box, an empty status.
 void ErrorMessage(Session& session, std::string_view routine, const store::RunTimeError& error);
