@@ -5,17 +5,23 @@
 #include <array>
 #include <charconv>
 #include <chrono>
+#include <cmath>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "store/letter_case.h"
+#include "store/value.h"
 #include "store/wildcards.h"
 
 namespace orvex::store {
 namespace {
 
-std::string_view TextOf(sqlite3_value* value) {
+/// A number as the rest of the program writes it: 5, not 5.0.
+std::string TextOf(sqlite3_value* value) {
+  if (sqlite3_value_type(value) == SQLITE_FLOAT && std::isfinite(sqlite3_value_double(value))) {
+    return Value(sqlite3_value_double(value)).AsText();
+  }
   const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
   if (text == nullptr) return {};
   return {text, static_cast<std::size_t>(sqlite3_value_bytes(value))};
@@ -67,8 +73,7 @@ std::optional<int> DayNumber(std::string_view text) {
 void CvDate(sqlite3_context* context, int, sqlite3_value** arguments) {
   if (IsNull(arguments[0])) return sqlite3_result_null(context);
   if (const auto day = DayNumber(TextOf(arguments[0]))) return sqlite3_result_int(context, *day);
-  sqlite3_result_error(context, ("Type mismatch: \"" + std::string(TextOf(arguments[0])) + "\" is not a date.").c_str(),
-                       -1);
+  sqlite3_result_error(context, ("Type mismatch: \"" + TextOf(arguments[0]) + "\" is not a date.").c_str(), -1);
   sqlite3_result_error_code(context, SQLITE_MISMATCH);
 }
 
