@@ -10,7 +10,7 @@ enum ExitStatus : int {
   kDataFaults = 2,       ///< validation or calculation stopped on faults of the data
   kWrongUse = 64,        ///< an option, month or tank that is not known
   kCannotOpen = 66,      ///< a file cannot be opened
-  kRunTimeFailure = 70,  ///< a run-time failure was reported, or an output cannot be written
+  kRunTimeFailure = 70,  ///< a run-time failure was reported, or an output could not be written to its end
   kInterrupted = 130,    ///< stopped by the person
 };
 

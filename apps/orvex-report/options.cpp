@@ -23,7 +23,7 @@ constexpr const char* kFooter =
     "\nUSER IDs are matched without regard to case; one that holds a comma or a quote is quoted as in a CSV file: "
     "--tanks '\"T-1, north\",T-2'.\n"
     "\nExit status: 0 done; 2 stopped on faults of the data, which are listed; 64 wrong use; 66 a file cannot be "
-    "opened; 70 a run-time failure was reported or an output cannot be written; 130 stopped by Ctrl-C.";
+    "opened; 70 a run-time failure was reported, or an output could not be written to its end; 130 stopped by Ctrl-C.";
 
 struct KindName {
   std::string_view name;

@@ -20,6 +20,7 @@
 #include "reports/report_text.h"
 #include "shell/periods.h"
 #include "shell/session.h"
+#include "store/file_replacement.h"
 #include "store/run_time_error.h"
 
 namespace orvex::report_app {
@@ -41,18 +42,33 @@ void CheckNotADatabase(const fs::path& output, const shell::Session& session) {
   }
 }
 
-/// Makes the output folder, before a long run rather than after it.
+/// Opens an output beside the file that it will replace, and gives it up again.
+void TryToOpen(std::string_view option, const fs::path& output) {
+  try {
+    const store::FileReplacement trial(output);
+  } catch (const store::RunTimeError& error) {
+    throw Failure{kCannotOpen, fmt::format("{}: {}", option, TerminalText(error.Description()))};
+  }
+}
+
+/// Makes the output folder and tries the outputs, before a long run rather than after it.
 void PrepareOutput(const Options& options, const shell::Session& session) {
   std::error_code error;
   fs::create_directories(options.out, error);
-  if (!fs::is_directory(options.out))
-    throw Failure{kRunTimeFailure, fmt::format("--out: cannot make the folder '{}': {}", Name(options.out),
-                                               error ? error.message() : "a file has this name")};
-  CheckNotADatabase(options.out / reports::kBriefData, session);
+  std::error_code not_there;
+  if (!fs::is_directory(options.out, not_there))
+    throw Failure{kCannotOpen, fmt::format("--out: cannot make the folder '{}': {}", Name(options.out),
+                                           error ? error.message() : "a file has this name")};
+  const auto report = options.out / reports::kBriefData;
+  CheckNotADatabase(report, session);
+  TryToOpen("--out", report);
   if (options.csv.empty()) return;
   CheckNotADatabase(options.csv, session);
-  if (options.csv.has_parent_path() && !fs::is_directory(options.csv.parent_path(), error))
-    throw Failure{kRunTimeFailure, fmt::format("--csv: the folder of '{}' is not there", Name(options.csv))};
+  if (fs::weakly_canonical(options.csv, error) == fs::weakly_canonical(report, error))
+    throw Failure{kWrongUse, fmt::format("--csv: '{}' is the report's own file", Name(options.csv))};
+  if (fs::is_directory(options.csv, not_there))
+    throw Failure{kCannotOpen, fmt::format("--csv: '{}' is a folder", Name(options.csv))};
+  TryToOpen("--csv", options.csv);
 }
 
 void SelectReport(const Options& options, const std::vector<ChosenTank>& tanks, shell::Session& session) {

@@ -84,16 +84,31 @@ TEST_F(RunTest, TheDeliveredDatabaseIsFoundWhereTheProgramIsInstalled) {
   EXPECT_TRUE(Told("no tank 'none'")) << err_.str();
 }
 
-TEST_F(RunTest, AnOutputFolderThatCannotBeMadeIsAnUnwritableOutput) {
+TEST_F(RunTest, AnOutputThatCannotBeOpenedIsToldBeforeTheRun) {
   test::AddVerticalTank(test_);
+  const auto before = FileContent(Client());
   const auto taken = (test_.folder.Path() / "taken").string();
   test::WriteFile(taken, "a file");
-  EXPECT_EQ(RunOn({"--annual", "--out", taken}), kRunTimeFailure);
-  EXPECT_TRUE(Told(taken)) << err_.str();
-  err_.str("");
+  EXPECT_EQ(RunOn({"--annual", "--out", taken}), kCannotOpen);
+  EXPECT_TRUE(Told("--out: cannot make the folder '" + taken + "'")) << err_.str();
+  EXPECT_EQ(RunOn({"--annual", "--out", "/proc/orvex"}), kCannotOpen);
+  EXPECT_TRUE(Told("--out: cannot make the folder '/proc/orvex'")) << err_.str();
+  EXPECT_EQ(RunOn({"--annual", "--out", "/proc"}), kCannotOpen);
+  EXPECT_TRUE(Told("--out: The file '/proc/briefdata.xml' cannot be written")) << err_.str();
   const auto csv = (test_.folder.Path() / "missing" / "rows.csv").string();
-  EXPECT_EQ(RunOn({"--annual", "--csv", csv}), kRunTimeFailure);
-  EXPECT_TRUE(Told(csv)) << err_.str();
+  EXPECT_EQ(RunOn({"--annual", "--csv", csv}), kCannotOpen);
+  EXPECT_TRUE(Told("--csv: '" + csv + "'")) << err_.str();
+  const auto folder = test_.folder.Path().string();
+  EXPECT_EQ(RunOn({"--annual", "--csv", folder}), kCannotOpen);
+  EXPECT_TRUE(Told("--csv: '" + folder + "' is a folder")) << err_.str();
+  EXPECT_EQ(FileContent(Client()), before);
+}
+
+TEST_F(RunTest, TheReportAndTheRowsCannotBeOneFile) {
+  test::AddVerticalTank(test_);
+  const auto report = (Output() / "." / "briefdata.xml").string();
+  EXPECT_EQ(RunOn({"--annual", "--csv", report}), kWrongUse);
+  EXPECT_TRUE(Told("--csv: '" + report + "' is the report's own file")) << err_.str();
 }
 
 TEST_F(RunTest, ADatabaseInUseIsNotOverwritten) {
