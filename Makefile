@@ -38,11 +38,12 @@ test: ## All that a change must pass: both compilers, sanitizers, decimal comma,
 	@$(SETUP) build test clang lint
 	@tools/test.sh
 
-bench: ## Build and run the benchmarks
+bench: ## Time calculation runs, with options BENCH="..." (--help names them)
 	@$(SETUP) build test
 	@cmake --preset release >/dev/null
-	@cmake --build --preset release
-	@set -e; for program in $(release)/bench/*_bench; do $$program; done
+	@cmake --build --preset release --target orvex-bench databases
+	@mkdir -p $(release)/bench/run
+	@$(release)/bench/orvex-bench --reference $(reference) --folder $(release)/bench/run $(BENCH)
 
 format: ## Format the C++ files in place
 	@$(SETUP) lint

@@ -7,7 +7,7 @@ set -euo pipefail
 # One line a group; `libcsv-dev` and the like are headers and libraries, the rest are tools.
 declare -A packages=(
   [build]="g++ make cmake ninja-build libsqlite3-dev libpugixml-dev libcli11-dev libfmt-dev libcsv-dev"
-  [test]="libgtest-dev libgmock-dev librapidcheck-dev libbenchmark-dev libxml2-utils locales"
+  [test]="libgtest-dev libgmock-dev librapidcheck-dev libxml2-utils locales"
   [lint]="clang-format clang-tidy shellcheck"
   [clang]="clang"
   [coverage]="gcovr"
