@@ -11,6 +11,7 @@
 #include "reports/losses.h"
 #include "shell/number_format.h"
 #include "shell/tank_types.h"
+#include "store/utf8.h"
 
 namespace orvex::report_app {
 namespace {
@@ -47,7 +48,7 @@ std::string Code(const std::string& tank_type) {
 }
 
 std::string Padded(const std::string& text, std::size_t width, bool right) {
-  const auto count = CharacterCount(text);
+  const auto count = store::CharacterCount(text);
   const std::string blanks(width > count ? width - count : 0, ' ');
   return right ? blanks + text : text + blanks;
 }
@@ -56,7 +57,7 @@ std::string Padded(const std::string& text, std::size_t width, bool right) {
 void PrintColumns(const std::vector<Row>& rows, std::size_t texts, std::ostream& out) {
   std::vector<std::size_t> widths(rows.front().size());
   for (const auto& row : rows)
-    for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], CharacterCount(row[i]));
+    for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], store::CharacterCount(row[i]));
   for (const auto& row : rows) {
     std::string line;
     for (std::size_t i = 0; i < row.size(); ++i) {

@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "shell/utf8.h"
+#include "store/utf8.h"
 
 namespace orvex::report_app {
 namespace {
@@ -27,7 +27,7 @@ std::string TerminalText(std::string_view text) {
   std::string safe;
   while (!text.empty()) {
     const auto before = text;
-    const auto character = shell::TakeCharacter(text);
+    const auto character = store::TakeCharacter(text);
     const auto bytes = before.substr(0, before.size() - text.size());
     if (!character || (*character < 0x80 && IsUnsafe(*character))) {
       for (const char byte : bytes) safe += fmt::format("\\x{:02X}", static_cast<unsigned char>(byte));
@@ -38,12 +38,6 @@ std::string TerminalText(std::string_view text) {
     }
   }
   return safe;
-}
-
-std::size_t CharacterCount(std::string_view text) {
-  std::size_t count = 0;
-  for (; !text.empty(); ++count) shell::TakeCharacter(text);
-  return count;
 }
 
 }  // namespace orvex::report_app

@@ -1,6 +1,6 @@
 #include "reports/xml_text.h"
 
-#include "shell/utf8.h"
+#include "store/utf8.h"
 
 namespace orvex::reports {
 namespace {
@@ -32,7 +32,7 @@ std::string_view Reference(char32_t character) {
 
 char32_t Representable(char32_t character) {
   if (character < 0x20) return kControlPictures + character;
-  if (character == 0xFFFE || character == 0xFFFF) return shell::kReplacementCharacter;
+  if (character == 0xFFFE || character == 0xFFFF) return store::kReplacementCharacter;
   return character;
 }
 
@@ -42,10 +42,10 @@ std::string EscapeXml(std::string_view text) {
   std::string escaped;
   escaped.reserve(text.size());
   while (!text.empty()) {
-    const char32_t character = shell::TakeCharacter(text).value_or(shell::kReplacementCharacter);
+    const char32_t character = store::TakeCharacter(text).value_or(store::kReplacementCharacter);
     const auto reference = Reference(character);
     if (reference.empty()) {
-      shell::AppendCharacter(escaped, Representable(character));
+      store::AppendCharacter(escaped, Representable(character));
     } else {
       escaped += reference;
     }

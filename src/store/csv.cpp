@@ -10,41 +10,18 @@
 
 #include "store/letter_case.h"
 #include "store/run_time_error.h"
+#include "store/utf8.h"
 
 namespace orvex::store {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-/// Bytes that follow the lead byte of a UTF-8 character, and the smallest character so written; -1 for no lead byte.
-struct Lead {
-  int followers;
-  char32_t least;
-  char32_t bits;
-};
-
-constexpr Lead ReadLead(unsigned char byte) {
-  if (byte < 0x80) return {0, 0, byte};
-  if (byte >= 0xC2 && byte < 0xE0) return {1, 0x80, byte & 0x1Fu};
-  if (byte >= 0xE0 && byte < 0xF0) return {2, 0x800, byte & 0x0Fu};
-  if (byte >= 0xF0 && byte < 0xF5) return {3, 0x10000, byte & 0x07u};
-  return {-1, 0, 0};
-}
-
 /// The place of the first byte that is not part of a UTF-8 character (or is a NUL); npos when all are.
 std::size_t FindBadByte(std::string_view text) {
-  for (std::size_t i = 0; i < text.size();) {
-    const Lead lead = ReadLead(static_cast<unsigned char>(text[i]));
-    if (lead.followers < 0 || text[i] == '\0') return i;
-    char32_t character = lead.bits;
-    for (int follower = 1; follower <= lead.followers; ++follower) {
-      const std::size_t place = i + static_cast<std::size_t>(follower);
-      if (place >= text.size() || (static_cast<unsigned char>(text[place]) & 0xC0) != 0x80) return i;
-      character = (character << 6) | (static_cast<unsigned char>(text[place]) & 0x3Fu);
-    }
-    const bool surrogate = character >= 0xD800 && character < 0xE000;
-    if (character < lead.least || character > 0x10FFFF || surrogate) return i;
-    i += static_cast<std::size_t>(lead.followers) + 1;
+  for (std::string_view rest = text; !rest.empty();) {
+    const std::size_t place = text.size() - rest.size();
+    if (rest.front() == '\0' || !TakeCharacter(rest)) return place;
   }
   return std::string_view::npos;
 }

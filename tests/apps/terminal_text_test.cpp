@@ -21,7 +21,5 @@ TEST(TerminalText, ShowsControlsBeyondAscii) {
 
 TEST(TerminalText, ShowsBytesThatAreNoCharacter) { EXPECT_EQ(TerminalText("caf\xE9!"), "caf\\xE9!"); }
 
-TEST(TerminalText, CountsCharactersRatherThanBytes) { EXPECT_EQ(CharacterCount("Öl 油"), 4U); }
-
 }  // namespace
 }  // namespace orvex::report_app

@@ -9,14 +9,10 @@
 #include "store/letter_case.h"
 #include "store/number_text.h"
 #include "store/run_time_error.h"
+#include "store/utf8.h"
 
 namespace orvex::databases {
 namespace {
-
-/// Number of characters of a UTF-8 text: every byte but those that continue one.
-std::ptrdiff_t CharacterCount(std::string_view text) {
-  return std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; });
-}
 
 bool FitsALong(double number) {
   return number == std::trunc(number) && number >= std::numeric_limits<std::int32_t>::min() &&
@@ -54,7 +50,7 @@ store::Value TableRows::ReadCell(std::size_t row, const store::FieldInfo& field)
   }
   if (!cell) return {};
   if (field.type == store::FieldType::kText) {
-    if (const auto count = CharacterCount(*cell); count > field.width) {
+    if (const auto count = store::CharacterCount(*cell); count > static_cast<std::size_t>(field.width)) {
       Refuse(row, field.name, fmt::format("the text has {} characters, the field holds {}.", count, field.width));
     }
     return *cell;

@@ -1,6 +1,6 @@
-#include "shell/utf8.h"
+#include "store/utf8.h"
 
-namespace orvex::shell {
+namespace orvex::store {
 namespace {
 
 constexpr unsigned char kContinuation = 0x80;
@@ -43,6 +43,12 @@ std::optional<char32_t> TakeCharacter(std::string_view& text) {
   return std::nullopt;
 }
 
+std::size_t CharacterCount(std::string_view text) {
+  std::size_t count = 0;
+  for (; !text.empty(); ++count) static_cast<void>(TakeCharacter(text));
+  return count;
+}
+
 void AppendCharacter(std::string& text, char32_t character) {
   const auto append = [&](char32_t byte) { text += static_cast<char>(static_cast<unsigned char>(byte)); };
   if (character < 0x80) {
@@ -62,4 +68,4 @@ void AppendCharacter(std::string& text, char32_t character) {
   }
 }
 
-}  // namespace orvex::shell
+}  // namespace orvex::store

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
 
-namespace orvex::shell {
+namespace orvex::store {
 
 /// What is shown in place of bytes that are no character.
 inline constexpr char32_t kReplacementCharacter = 0xFFFD;
@@ -14,7 +15,10 @@ inline constexpr char32_t kReplacementCharacter = 0xFFFD;
 /// least.
 std::optional<char32_t> TakeCharacter(std::string_view& text);
 
+/// Number of characters of a text; each byte that is no part of one counts as one.
+std::size_t CharacterCount(std::string_view text);
+
 /// Appends a character in UTF-8.
 void AppendCharacter(std::string& text, char32_t character);
 
-}  // namespace orvex::shell
+}  // namespace orvex::store

@@ -1,11 +1,11 @@
-#include "shell/utf8.h"
+#include "store/utf8.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-namespace orvex::shell {
+namespace orvex::store {
 namespace {
 
 /// The characters of a text; 0 stands for bytes that are none.
@@ -50,5 +50,11 @@ TEST(Utf8, ACutOffCharacterDoesNotSwallowTheNextOne) {
   EXPECT_EQ(Characters("\x80z"), (List{0, 'z'}));
 }
 
+TEST(Utf8, CountsCharactersRatherThanBytes) {
+  EXPECT_EQ(CharacterCount(""), 0U);
+  EXPECT_EQ(CharacterCount("Öl 油"), 4U);
+  EXPECT_EQ(CharacterCount("a\xFFz"), 3U);
+}
+
 }  // namespace
-}  // namespace orvex::shell
+}  // namespace orvex::store
