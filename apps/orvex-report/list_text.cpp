@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "orvex-report/failure.h"
 #include "orvex-report/terminal_text.h"
 

@@ -1,7 +1,5 @@
 #include "reports/report_document.h"
 
-#include <string>
-
 #include "reports/xml_text.h"
 #include "store/file_replacement.h"
 

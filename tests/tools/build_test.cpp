@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
 #include <fstream>
 
 #include "emission/typical_fittings.h"
