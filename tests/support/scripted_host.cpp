@@ -10,6 +10,8 @@ namespace orvex::test {
 ScriptedHost::~ScriptedHost() {
   for (const auto& missing : expected_)
     ADD_FAILURE() << "expected prompt did not come: " << missing.text << missing.ending;
+  for (const auto& missing : files_)
+    ADD_FAILURE() << "expected file dialog did not come: " << (missing.empty() ? "(to be cancelled)" : missing);
 }
 
 void ScriptedHost::ExpectMessage(std::string text, shell::Answer answer) {
