@@ -98,6 +98,9 @@ void Connection::Fail(int code) const {
   const int primary = code & 0xff;
   if (primary == SQLITE_NOMEM) throw std::bad_alloc();
   const std::string reason = sqlite3_errmsg(Handle());
+  if (primary == SQLITE_ERROR && reason.starts_with("no such table")) {
+    throw RunTimeError(ErrorNumber::kObjectNotFound, fmt::format("{}: {}.", file, reason));
+  }
   for (const auto& failure : kFailures) {
     if (failure.code != code && failure.code != primary) continue;
     throw RunTimeError(failure.number, fmt::format(fmt::runtime(failure.text), file, reason));

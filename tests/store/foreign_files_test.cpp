@@ -222,7 +222,7 @@ TEST_F(ForeignFile, ATableThatAnotherProgramDropsIsReported) {
   auto tanks = client->OpenTable("tank");
   EXPECT_TRUE(tanks.AtEnd());
   RawFile(path).Run("DROP TABLE tank");
-  EXPECT_RUN_TIME_ERROR(tanks.MoveFirst(), ErrorNumber::kDamagedFile);
+  EXPECT_RUN_TIME_ERROR(tanks.MoveFirst(), ErrorNumber::kObjectNotFound);
   EXPECT_FALSE(client->HasTable("tank"));
 }
 
