@@ -29,7 +29,7 @@ using test::AddVerticalTank;
 using test::ChangeMixture;
 using test::ChangeTank;
 
-inline const store::Value kNull;
+inline const store::Value kNull{};
 
 /// A name that no sample chemical has: such a mixture goes by the figures of its own row.
 inline constexpr const char* kTypedName = "Solvent X";
