@@ -43,6 +43,24 @@ bool EqualAsKey(const Value& a, const Value& b) {
   return a == b;
 }
 
+/// The order of an index: null, then numbers, then texts without regard to case; below 0, 0 or above 0.
+int CompareAsKey(const Value& a, const Value& b) {
+  const auto rank = [](const Value& value) {
+    return value.IsNull() ? 0 : value.GetKind() == Value::Kind::kText ? 2 : 1;
+  };
+  if (rank(a) != rank(b)) return rank(a) - rank(b);
+  if (rank(a) == 2) {
+    const std::string x = LowerCase(a.RawText());
+    const std::string y = LowerCase(b.RawText());
+    return x.compare(y);
+  }
+  if (rank(a) == 0) return 0;
+  const auto number = [](const Value& value) {
+    return value.GetKind() == Value::Kind::kReal ? value.RawReal() : static_cast<double>(value.RawInteger());
+  };
+  return number(a) < number(b) ? -1 : number(a) > number(b) ? 1 : 0;
+}
+
 }  // namespace
 
 Table::Table(std::shared_ptr<Connection> connection, std::string_view name)
@@ -238,7 +256,7 @@ std::optional<RowId> Table::Neighbour(std::optional<std::size_t> index, RowId ro
     const Execution execution(statement);
     statement.Bind(1, row);
     if (!statement.Step()) return std::nullopt;
-    return statement.Integer(0);
+    return RequireBeyond(statement.Integer(0), row, {}, {}, backward);
   }
 
   const auto& fields = indexes_[*index].fields;
@@ -269,9 +287,21 @@ std::optional<RowId> Table::Neighbour(std::optional<std::size_t> index, RowId ro
     } else if (!null) {
       statement.Bind(static_cast<int>(shared + 1), key[shared]);
     }
-    if (statement.Step()) return statement.Integer(0);
+    if (statement.Step()) return RequireBeyond(statement.Integer(0), row, key, index_fields_[*index], backward);
   }
   return std::nullopt;
+}
+
+RowId Table::RequireBeyond(RowId found, RowId row, std::span<const Value> key, std::span<const std::size_t> positions,
+                           bool backward) {
+  int order = 0;
+  if (!positions.empty()) {
+    const RowValues& values = Row(found);
+    for (std::size_t i = 0; i < positions.size() && order == 0; ++i) order = CompareAsKey(values[positions[i]], key[i]);
+  }
+  if (order == 0) order = found < row ? -1 : found > row ? 1 : 0;
+  if ((backward ? order < 0 : order > 0)) return found;
+  connection_->Fail(SQLITE_CORRUPT);
 }
 
 std::int64_t Table::Count() {

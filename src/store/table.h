@@ -109,6 +109,10 @@ class Table {
   [[nodiscard]] std::size_t FindField(std::string_view name, std::size_t& hint);
   [[nodiscard]] std::string FieldList() const;
   [[nodiscard]] std::string NameError(std::string_view what, std::string_view name) const;
+  /// The row found, or error 3049 when it does not stand behind (or before) `row` in the order walked: in a damaged
+  /// file a walk would go in circles.
+  RowId RequireBeyond(RowId found, RowId row, std::span<const Value> key, std::span<const std::size_t> positions,
+                      bool backward);
   std::optional<RowId> EndOf(std::optional<std::size_t> index, bool last);
   std::optional<RowId> FirstRow(Statement& statement, std::span<const Value> key);
   static CachedKey& KeySlot(std::vector<CachedKey>& slots, std::size_t index, std::span<const Value> key);

@@ -193,6 +193,18 @@ TEST_F(ForeignFile, ATableWithoutRowNumbersCannotBeUsed) {
   EXPECT_RUN_TIME_ERROR(rows.MoveFirst(), ErrorNumber::kDamagedFile);
 }
 
+TEST_F(ForeignFile, AWalkAlongADamagedIndexEndsWithAnErrorInsteadOfGoingInCircles) {
+  // The index is filled from `b` and then said to order `a`, so that each row seems to stand behind itself.
+  const auto database = Made(R"(CREATE TABLE t (a DOUBLE, b DOUBLE); CREATE INDEX "t.a" ON t (b);
+                                INSERT INTO t VALUES (1, 2), (2, 3), (3, 4);
+                                PRAGMA writable_schema = ON;
+                                UPDATE sqlite_master SET sql = 'CREATE INDEX "t.a" ON t (a)' WHERE name = 't.a')");
+  auto rows = database->OpenTable("t");
+  rows.SetIndex("a");
+  EXPECT_EQ(rows.Double("a"), 1);
+  EXPECT_RUN_TIME_ERROR(rows.MoveNext(), ErrorNumber::kDamagedFile);
+}
+
 TEST_F(ForeignFile, TextsInAnotherEncodingAreRead) {
   const auto file =
       Made("PRAGMA encoding = 'UTF-16le'; CREATE TABLE t (a TEXT(20)); INSERT INTO t VALUES ('T\xC3\xA4nk')");
