@@ -31,7 +31,8 @@ class Hash {
 }  // namespace
 
 SqliteFile::SqliteFile(const std::filesystem::path& path, int flags) {
-  if (sqlite3_open_v2(path.string().c_str(), &handle_, flags | SQLITE_OPEN_NOMUTEX, nullptr) != SQLITE_OK) Fail(handle_);
+  if (sqlite3_open_v2(path.string().c_str(), &handle_, flags | SQLITE_OPEN_NOMUTEX, nullptr) != SQLITE_OK)
+    Fail(handle_);
   Execute("PRAGMA cache_size = -65536");
   Execute("PRAGMA cell_size_check = ON");
 }

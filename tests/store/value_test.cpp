@@ -15,7 +15,7 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
 
 TEST(Value, NullReadsAsNothingOnlyWhereThatIsAskedFor) {
-  const Value null;
+  const Value null{};
   EXPECT_TRUE(null.IsNull());
   EXPECT_RUN_TIME_ERROR(null.AsDouble(), ErrorNumber::kInvalidUseOfNull);
   EXPECT_RUN_TIME_ERROR(null.AsLong(), ErrorNumber::kInvalidUseOfNull);
