@@ -54,7 +54,7 @@ struct Temperatures {
   double average, maximum, minimum, bulk;
 };
 
-Temperatures LiquidTemperatures(const Tank& tank, RecordSet& weather, RecordSet& mixture) {
+Temperatures LiquidTemperatures(Session& session, const Tank& tank, RecordSet& weather, RecordSet& mixture) {
   const auto annual_r = [&](std::string_view field) {
     return RoundSixDecimals(FahrenheitToRankine(weather.Double(field)));
   };
@@ -69,7 +69,8 @@ Temperatures LiquidTemperatures(const Tank& tank, RecordSet& weather, RecordSet&
     const auto stored_r = [&](std::string_view field) { return FahrenheitToRankine(mixture.Double(field)); };
     liquid = {stored_r("ALS_TEMP"), stored_r("XLS_TEMP"), stored_r("MLS_TEMP"), stored_r("BULK_TEMP")};
   } else {
-    liquid.average = ALST(ambient, ambient, absorptance, insolation);
+    liquid.average =
+        Routine(session, "modEmission.ALST", [&] { return ALST(ambient, ambient, absorptance, insolation); });
     liquid.maximum = MaxLiquidTemp(liquid.average, ambient_max, ambient_min, absorptance, insolation);
     liquid.minimum = MinLiquidTemp(liquid.average, ambient_max, ambient_min, absorptance, insolation);
     liquid.bulk = BulkTemperature(ambient, absorptance);
@@ -185,7 +186,7 @@ void CalcProp(Session& session, int32_t ID) {
       weather.Seek({tank.city});
       if (weather.NoMatch()) break;
       mixtures.Edit();
-      const Temperatures liquid = LiquidTemperatures(tank, weather, mixtures);
+      const Temperatures liquid = LiquidTemperatures(session, tank, weather, mixtures);
       if (!FillMixture(session, ID, tank, mixtures, liquid)) break;
       mixtures.Update();
       FillComponents(session, ID, liquid.average);

@@ -174,15 +174,20 @@ class Run {
 
 void RunReport(Session& session) {
   shell::Trapped(session, "mDatabase.RunReport", [&] {
+    bool finished = false;
     {
       const shell::BusyScope busy(session.host, "Processing");
       store::Transaction client(*session.ClientDb);
       store::Transaction reference(*session.ReferenceDb, store::Transaction::Purpose::kRead);
-      session.PrintMode = Run(session, client).Execute();
+      // What a run wrote before a failure stays; only when the person stops it, all is undone.
+      shell::Trapped(session, "mDatabase.RunReport", [&] {
+        session.PrintMode = Run(session, client).Execute();
+        finished = true;
+      });
       reference.Commit();
       client.Commit();
     }
-    session.host.ShowWindow("frmprintrep");
+    if (finished) session.host.ShowWindow("frmprintrep");
   });
 }
 

@@ -189,7 +189,7 @@ double CylinderVolume(double diameter, double length) {
 }
 
 bool DiffersByMoreThanTenPercent(double volume, double computed) {
-  return volume < computed - computed * 0.1 || volume > computed * 1.1;
+  return volume < Rounded(computed - computed * 0.1) || volume > Rounded(computed * 1.1);
 }
 
 }  // namespace
@@ -216,7 +216,7 @@ void CheckVolumes(Validation& validation) {
     validation.Fail("The volume, maximum shell height and diameter must agree within 10%.");
   // A working volume may be any part of a horizontal tank's capacity.
   if (validation.tank_type == shell::kHorizontal &&
-      volume > CylinderVolume(diameter, Number(validation, "HEIGHT S")) * 1.1)
+      volume > Rounded(CylinderVolume(diameter, Number(validation, "HEIGHT S")) * 1.1))
     validation.Fail("The volume does not agree with the shell length and diameter.");
 }
 

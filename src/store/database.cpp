@@ -21,7 +21,7 @@ void MakeFile(const std::filesystem::path& path) {
   CheckFolder(path);
   std::FILE* file = std::fopen(path.c_str(), "wbx");
   if (file == nullptr && errno == EEXIST) {
-    throw RunTimeError(ErrorNumber::kTableExists, fmt::format("The file {} already exists.", path.string()));
+    throw RunTimeError(ErrorNumber::kAlreadyExists, fmt::format("The file {} already exists.", path.string()));
   }
   if (file == nullptr) {
     throw RunTimeError(ErrorNumber::kDiskFailure,
@@ -159,7 +159,7 @@ void Database::CreateTable(const TableInfo& table) {
 void Database::CreateTable(const std::string& name, const std::vector<StoredField>& fields,
                            const std::vector<StoredIndex>& indexes) {
   if (HasTable(name)) {
-    throw RunTimeError(ErrorNumber::kTableExists,
+    throw RunTimeError(ErrorNumber::kAlreadyExists,
                        fmt::format("The table '{}' already exists in {}.", name, Path().string()));
   }
   Transaction transaction(*this);

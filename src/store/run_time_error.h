@@ -12,7 +12,7 @@ enum class ErrorNumber : int {
   kDivisionByZero = 11,
   kTypeMismatch = 13,  ///< text where a number is needed
   kInvalidUseOfNull = 94,
-  kTableExists = 3010,
+  kAlreadyExists = 3010,
   kObjectNotFound = 3011,  ///< a table that the database does not hold
   kNoEditPending = 3020,   ///< Update without AddNew or Edit
   kNoCurrentRecord = 3021,

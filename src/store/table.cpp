@@ -232,7 +232,9 @@ std::shared_ptr<const std::vector<RowId>> Table::Matching(std::size_t index, std
 
 std::optional<RowId> Table::EndOf(std::optional<std::size_t> index, bool last) {
   auto& statement = IndexStatement(last ? 'l' : 'f', index.value_or(indexes_.size()), 0, [&] {
-    return fmt::format("SELECT rowid FROM {} ORDER BY {} LIMIT 1", Quoted(name_), Order(index, last));
+    // The order of the file comes from the table itself, whatever its indexes say.
+    return fmt::format("SELECT rowid FROM {}{} ORDER BY {} LIMIT 1", Quoted(name_), index ? "" : " NOT INDEXED",
+                       Order(index, last));
   });
   return FirstRow(statement, {});
 }
@@ -250,8 +252,8 @@ std::optional<RowId> Table::Neighbour(std::optional<std::size_t> index, RowId ro
   const std::string_view direction = backward ? " DESC" : "";
   if (!index) {
     auto& statement = IndexStatement(backward ? 'p' : 'n', indexes_.size(), 0, [&] {
-      return fmt::format("SELECT rowid FROM {} WHERE rowid {} ?1 ORDER BY rowid{} LIMIT 1", Quoted(name_), beyond,
-                         direction);
+      return fmt::format("SELECT rowid FROM {} NOT INDEXED WHERE rowid {} ?1 ORDER BY rowid{} LIMIT 1", Quoted(name_),
+                         beyond, direction);
     });
     const Execution execution(statement);
     statement.Bind(1, row);

@@ -29,7 +29,6 @@ class Table {
   /// Reads the definition from the file; error 3011 if there is no such table.
   Table(std::shared_ptr<Connection> connection, std::string_view name);
 
-  [[nodiscard]] Connection& File() const { return *connection_; }
   [[nodiscard]] const std::string& Name() const { return name_; }
   [[nodiscard]] const std::vector<StoredField>& Fields() const { return fields_; }
   [[nodiscard]] const std::vector<StoredIndex>& Indexes() const { return indexes_; }

@@ -145,9 +145,9 @@ TEST_F(DatabaseFile, NamesBeyondAsciiAndWithBlanksAreFine) {
 
 TEST_F(DatabaseFile, CreateLeavesAnExistingFileAlone) {
   test::WriteFile(File("client.mdb"), "mine");
-  EXPECT_RUN_TIME_ERROR(Database::Create(File("client.mdb"), ClientTables()), ErrorNumber::kTableExists);
+  EXPECT_RUN_TIME_ERROR(Database::Create(File("client.mdb"), ClientTables()), ErrorNumber::kAlreadyExists);
   EXPECT_EQ(test::FileContent(File("client.mdb")), "mine");
-  EXPECT_RUN_TIME_ERROR(Database::Create(folder.Path(), ClientTables()), ErrorNumber::kTableExists);
+  EXPECT_RUN_TIME_ERROR(Database::Create(folder.Path(), ClientTables()), ErrorNumber::kAlreadyExists);
   EXPECT_RUN_TIME_ERROR(Database::Create(File("none") / "client.mdb", ClientTables()), ErrorNumber::kInvalidPath);
   EXPECT_RUN_TIME_ERROR(Database::Create(File(std::string(300, 'x')), ClientTables()), ErrorNumber::kDiskFailure);
 }
@@ -203,7 +203,7 @@ TEST_F(DatabaseFile, ATableCanBeMadeAndDeleted) {
   AddRow(*database, "my \"table\"", {{"a \"name\"", "x"}});
   EXPECT_RUN_TIME_ERROR(AddRow(*database, "my \"table\"", {{"a \"name\"", "X"}}), ErrorNumber::kDuplicateKey);
   EXPECT_RUN_TIME_ERROR(database->CreateTable("My \"Table\"", {{"a", FieldType::kLong, 0}}, {}),
-                        ErrorNumber::kTableExists);
+                        ErrorNumber::kAlreadyExists);
   database->DeleteTable("MY \"table\"");
   EXPECT_FALSE(database->HasTable("my \"table\""));
   EXPECT_RUN_TIME_ERROR(database->OpenTable("my \"table\""), ErrorNumber::kObjectNotFound);

@@ -235,7 +235,7 @@ TEST_F(ReferenceQueries, ProfilesAreExportedJoinedWithTheirComponents) {
   EXPECT_EQ(stored[8].type, FieldType::kDouble);
 
   EXPECT_RUN_TIME_ERROR(reference.Execute(statement("(([Profile Names].[Profile Name] = 'Gasoline'))")),
-                        ErrorNumber::kTableExists);
+                        ErrorNumber::kAlreadyExists);
   reference.DeleteTable("joined");
   EXPECT_EQ(reference.Execute(statement("(([Profile Names].[Profile Name] = 'Gasoline')) OR (([Profile Names]."
                                         "[Profile Name] = 'Jet Kerosene'))")),

@@ -54,11 +54,11 @@ TEST_F(SelectInto, KeepsTheOrderOfTheQueryAndItsSums) {
 }
 
 TEST_F(SelectInto, RefusesATargetThatExists) {
-  EXPECT_RUN_TIME_ERROR(client.Execute("SELECT * INTO MIXTURES FROM tank"), ErrorNumber::kTableExists);
+  EXPECT_RUN_TIME_ERROR(client.Execute("SELECT * INTO MIXTURES FROM tank"), ErrorNumber::kAlreadyExists);
   Database::Create(test.folder.Path() / "other.mdb", {});
   const std::string statement = "SELECT * INTO " + Target("other.mdb", "tank") + " FROM [tank]";
   EXPECT_EQ(client.Execute(statement), 2);
-  EXPECT_RUN_TIME_ERROR(client.Execute(statement), ErrorNumber::kTableExists);
+  EXPECT_RUN_TIME_ERROR(client.Execute(statement), ErrorNumber::kAlreadyExists);
   EXPECT_EQ(Database::Open(test.folder.Path() / "other.mdb")->OpenTable("tank").RecordCount(), 2);
 }
 
