@@ -342,9 +342,15 @@ TEST_F(ValidateTank, VolumeExactlyTenPercentFromThroughputByTurnoversPasses) {
   EXPECT_EQ(Validated(ID), Errors{kTurnoverDisagrees});
 }
 
+TEST_F(ValidateTank, VolumeExactlyAtABoundPassesWhereTheProductFallsABitShort) {
+  // 1.1 gal a turnover: the lower bound 1.1 - 1.1 * 0.1 comes out a bit above 0.99 before it is rounded.
+  const auto ID = AddDomedTank(test, {{"Q_NET", 2.2}, {"TURNOVER", 2.0}, {"VOLUME", 0.99}});
+  EXPECT_EQ(Validated(ID), Errors{});
+}
+
 TEST_F(ValidateTank, ComputedVolumeIsComparedInSixDecimals) {
-  // 0.0000014 gal in 2 turnovers: 0.0000007 gal, rounded 0.000001, so 0.0000009 to 0.0000011 pass.
-  const auto ID = AddDomedTank(test, {{"Q_NET", 0.0000014}, {"TURNOVER", 2.0}, {"VOLUME", 0.00000105}});
+  // 0.0000014 gal in 2 turnovers: 0.0000007 gal, rounded 0.000001; so are the bounds 0.0000009 and 0.0000011.
+  const auto ID = AddDomedTank(test, {{"Q_NET", 0.0000014}, {"TURNOVER", 2.0}, {"VOLUME", 0.000001}});
   EXPECT_EQ(Validated(ID), Errors{});
   ChangeTank(client, ID, {{"VOLUME", 0.0000007}});
   EXPECT_EQ(Validated(ID), Errors{kTurnoverDisagrees});
