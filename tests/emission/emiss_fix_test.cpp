@@ -153,6 +153,15 @@ TEST_F(EmissFixTest, UnknownRoofTypeHasNoVaporSpace) {
   EXPECT_EQ(Number(ID, "K_S"), 1);
 }
 
+TEST_F(EmissFixTest, TankOfNoKnownTypeLiesButShowsItsOwnDiameter) {
+  const auto ID = AddVerticalTank(test, {{"TANK_TYPE", "Sphere"}, {"HEIGHT S", 31.4}});
+  Run(ID);
+  EXPECT_EQ(Number(ID, "EFF_DIAM"), 20);
+  EXPECT_EQ(Number(ID, "VS_OUT"), 10);
+  // D_E^2 = 31.4 x 20 / 0.785 = 800
+  ExpectClose(Number(ID, "VS_VOL"), 3.14159265 / 4 * 800 * 10, "VS_VOL");
+}
+
 TEST_F(EmissFixTest, ThirtySixTurnoversStillFillTheVaporSpace) {
   const auto ID = AddVerticalTank(test, {{"TURNOVER", 36.0}});
   Run(ID);
