@@ -126,6 +126,18 @@ TEST_F(RunReportTest, ReferenceFileThatMayNotBeWrittenIsEnough) {
   EXPECT_EQ(Rows(), Lines{"1 1 Annual Benzene"});
 }
 
+TEST_F(RunReportTest, FailureOfTheRunItselfKeepsWhatWasWrittenAndShowsNoWindow) {
+  AddVerticalTank(test);
+  AddRow(client, "error", {{"ID", 9}, {"USER ID", "Sold"}, {"error", "Old."}});
+  client.DeleteTable("emission");
+  test.host.ExpectError(3011, "mDatabase.RunReport");
+  Run({"Tank 1"});
+  EXPECT_EQ(Errors(), Lines{});
+  ExpectClose(client.OpenMatching("mixtures", "IDMIX", {1}).Double("VP"), 1.0707, "VP");
+  EXPECT_EQ(test.host.windows, Lines{});
+  EXPECT_EQ(test.host.pointers.back(), shell::Pointer::kDefault);
+}
+
 TEST_F(RunReportTest, FailureInAMixtureIsReportedAndTheNextTankIsStillComputed) {
   AddVerticalTank(test);
   AddVerticalTank(test);
