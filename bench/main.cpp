@@ -17,9 +17,14 @@ using orvex::bench::Settings;
 
 namespace {
 
-void MeasureAll(const Settings& settings, const std::vector<std::string>& only) {
+struct Choice {
+  std::vector<std::string> only;  ///< keys of the cases, or all
+  int tanks = 0;                  ///< instead of those of the cases, unless 0
+};
+
+void MeasureAll(const Settings& settings, const Choice& choice) {
   const auto chosen = [&](std::string_view key) {
-    return only.empty() || std::find(only.begin(), only.end(), key) != only.end();
+    return choice.only.empty() || std::find(choice.only.begin(), choice.only.end(), key) != choice.only.end();
   };
   std::vector<Measurement> results;
   const auto add = [&](Measurement measured) {
@@ -28,7 +33,8 @@ void MeasureAll(const Settings& settings, const std::vector<std::string>& only) 
     results.push_back(std::move(measured));
   };
   fmt::print("{}\n", orvex::bench::TableHead());
-  for (const auto& run_case : orvex::bench::RunCases()) {
+  for (auto run_case : orvex::bench::RunCases()) {
+    if (choice.tanks > 0) run_case.tanks = choice.tanks;
     if (chosen(run_case.key)) add(Measure(run_case, settings));
   }
   if (chosen(orvex::bench::kRecordCaseKey)) add(MeasureRecords(settings));
@@ -43,18 +49,20 @@ void MeasureAll(const Settings& settings, const std::vector<std::string>& only) 
 int main(int argc, char** argv) {
   CLI::App app("Times calculation runs, and the record layer, against the least that has to be done to the files.");
   Settings settings;
-  std::vector<std::string> only;
+  Choice choice;
   bool no_floor = false;
   app.add_option("--reference", settings.reference, "The reference database")->required()->check(CLI::ExistingFile);
   app.add_option("--folder", settings.folder, "Where databases are made, and bench.json is written")->required();
-  app.add_option("--only", only, "Cases to measure, as a,c,e1")->delimiter(',');
+  app.add_option("--only", choice.only, "Cases to measure, as a,c,e1")->delimiter(',');
   app.add_option("--repeat", settings.repetitions, "Repetitions, of which the fastest counts")
       ->check(CLI::Range(1, 99));
+  app.add_option("--tanks", choice.tanks, "This many tanks in each case, for a quick look")
+      ->check(CLI::Range(1, 1'000'000));
   app.add_flag("--no-floor", no_floor, "Run the program only, for a profiler");
   CLI11_PARSE(app, argc, argv);
   settings.with_floor = !no_floor;
   try {
-    MeasureAll(settings, only);
+    MeasureAll(settings, choice);
     return 0;
   } catch (const orvex::store::RunTimeError& error) {
     fmt::print(stderr, "orvex-bench: {}\n", error.Description());

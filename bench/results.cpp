@@ -48,7 +48,7 @@ std::string TableLine(const Measurement& measured) {
 std::string GrowthLine(std::span<const Measurement> measured) {
   const double growth = Growth(measured);
   if (growth == 0) return {};
-  return fmt::format("Time per tank at 100,000 tanks over that at 1,000: {:.2f}", growth);
+  return fmt::format("Time per tank of case e2 over that of e1: {:.2f}", growth);
 }
 
 void WriteJson(const std::filesystem::path& path, std::span<const Measurement> measured) {

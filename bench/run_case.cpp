@@ -8,6 +8,7 @@
 #include "emission/run_report.h"
 #include "floor.h"
 #include "memory.h"
+#include "shell/number_format.h"
 #include "shell/periods.h"
 #include "silent_host.h"
 
@@ -15,12 +16,12 @@ namespace orvex::bench {
 namespace {
 
 constexpr RunCase kCases[] = {
-    {"a", "10,000 vertical tanks, one chemical, annual", TankKind::kVertical, 10'000, false},
-    {"b", "10,000 vertical tanks, one chemical, 12 months", TankKind::kVertical, 10'000, true},
-    {"c", "10,000 external floating roofs, 12 fitting rows each, annual", TankKind::kExternal, 10'000, false},
-    {"d", "10,000 tanks of 8 components fully speciated, annual", TankKind::kSpeciation, 10'000, false},
-    {"e1", "1,000 vertical tanks, one chemical, annual", TankKind::kVertical, 1'000, false},
-    {"e2", "100,000 vertical tanks, one chemical, annual", TankKind::kVertical, 100'000, false},
+    {"a", "vertical tanks, one chemical, annual", TankKind::kVertical, 10'000, false},
+    {"b", "vertical tanks, one chemical, 12 months", TankKind::kVertical, 10'000, true},
+    {"c", "external floating roofs, 12 fitting rows each, annual", TankKind::kExternal, 10'000, false},
+    {"d", "tanks of 8 components fully speciated, annual", TankKind::kSpeciation, 10'000, false},
+    {"e1", "vertical tanks, one chemical, annual", TankKind::kVertical, 1'000, false},
+    {"e2", "vertical tanks, one chemical, annual", TankKind::kVertical, 100'000, false},
 };
 
 constexpr auto kPrimaryMonths = static_cast<std::int64_t>(shell::kMonths.size());
@@ -84,7 +85,7 @@ Measurement Measure(const RunCase& run_case, const Settings& settings) {
   const CaseFiles files(settings.folder);
   const auto user_ids = MakeInventory(files.Inventory(), settings.reference, run_case.kind, run_case.tanks);
   Measurement measured{.key = std::string(run_case.key),
-                       .description = std::string(run_case.description),
+                       .description = fmt::format("{} {}", shell::FormatWhole(run_case.tanks), run_case.description),
                        .tanks = run_case.tanks,
                        .rows = ExpectedRows(run_case)};
   std::optional<RunResult> result;

@@ -11,7 +11,7 @@ namespace orvex::bench {
 /// A whole calculation run to be timed.
 struct RunCase {
   std::string_view key;
-  std::string_view description;
+  std::string_view description;  ///< of its tanks
   TankKind kind;
   int tanks;
   bool monthly;  ///< all twelve months
