@@ -1,6 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -24,10 +27,19 @@ inline std::string LowerCase(std::string_view text) {
   return lower;
 }
 
-/// FNV-1a over the folded text.
-constexpr std::size_t HashNoCase(std::string_view text) {
-  std::size_t hash = 14695981039346656037ULL;
-  for (const char c : text) hash = (hash ^ static_cast<unsigned char>(Folded(c))) * 1099511628211ULL;
+/// Equal for texts that EqualNoCase finds equal: the bit that is a letter's case counts for nothing.
+inline std::size_t HashNoCase(std::string_view text) {
+  constexpr std::uint64_t kCaseBits = 0x2020202020202020;
+  constexpr std::uint64_t kOdd = 0x9E3779B97F4A7C15;
+  std::uint64_t hash = text.size();
+  while (!text.empty()) {
+    std::uint64_t word = 0;
+    const std::size_t count = std::min(text.size(), sizeof word);
+    std::memcpy(&word, text.data(), count);
+    hash = (hash ^ (word | kCaseBits)) * kOdd;
+    hash ^= hash >> 32U;
+    text.remove_prefix(count);
+  }
   return hash;
 }
 

@@ -38,9 +38,12 @@ class Table {
   /// last time.
   [[nodiscard]] std::size_t FieldPosition(std::string_view name, std::size_t& hint) {
     const std::size_t likely = followers_[hint];
-    if (likely >= fields_.size() || fields_[likely].name != name) return FindField(name, hint);
-    hint = likely + 1;
-    return likely;
+    if (positions_.Is(likely, name)) {
+      hint = likely + 1;
+      return likely;
+    }
+    // A field is often asked twice, whether it is null and for its value.
+    return hint > 0 && positions_.Is(hint - 1, name) ? hint - 1 : FindField(name, hint);
   }
   /// Number of an index; error 3265 if there is none.
   [[nodiscard]] std::size_t IndexNumber(std::string_view name) const;
@@ -73,6 +76,8 @@ class Table {
   void Update(RowId row, RowValues& values);
   /// Error 3167 if the row is not there.
   void Delete(RowId row);
+  /// Deletes all rows whose key begins with these values; their number.
+  std::int64_t DeleteMatching(std::size_t index, std::span<const Value> key);
 
   /// The value as the field stores it; see RecordSet::Set for the errors.
   void Convert(std::size_t field, const Value& value, Value& stored) const;
@@ -116,6 +121,8 @@ class Table {
   std::optional<RowId> FirstRow(Statement& statement, std::span<const Value> key);
   static CachedKey& KeySlot(std::vector<CachedKey>& slots, std::size_t index, std::span<const Value> key);
   [[nodiscard]] bool Holds(const CachedKey& slot, std::size_t index, std::span<const Value> key) const;
+  /// Whether a row with these values has the whole key that is remembered.
+  [[nodiscard]] bool IsKeyOf(const CachedKey& slot, const RowValues& values) const;
   void Remember(CachedKey& slot, std::size_t index, std::span<const Value> key) const;
   /// The statement for what `sql` makes, prepared once per index and number of key values.
   template <typename Build>
@@ -146,6 +153,7 @@ class Table {
   std::uint64_t version_ = 1, key_version_ = 1;
   std::vector<CachedRow> rows_;
   std::vector<CachedKey> seeks_, matches_;  ///< empty until first used
+  CachedKey* missed_ = nullptr;             ///< the last Seek, if it found nothing
   std::vector<RowValues> spare_buffers_;
 };
 
