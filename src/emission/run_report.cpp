@@ -96,7 +96,7 @@ class Run {
   void CalculateTank() {
     auto mixtures = client_.OpenMatching("mixtures", "IDMIX", {tank_.ID});
     const auto months = Basis(mixtures);
-    client_.Execute(fmt::format("DELETE * FROM Emission WHERE ID = {}", tank_.ID));
+    client_.DeleteMatching("emission", "COMPID", {tank_.ID});
     if (!months) {
       CalculatePeriod(mixtures, std::string(shell::kAnnual));
       return;

@@ -113,6 +113,12 @@ RecordSet Database::OpenMatching(std::string_view table_name, std::string_view i
   return RecordSet(std::move(set));
 }
 
+std::int64_t Database::DeleteMatching(std::string_view table_name, std::string_view index,
+                                      std::initializer_list<Value> key) {
+  const auto table = impl_->GetTable(table_name);
+  return table->DeleteMatching(table->IndexNumber(index), {key.begin(), key.size()});
+}
+
 RecordSet Database::OpenQuery(std::string_view sql) {
   Translation translation = TranslateSql(sql);
   if (translation.kind == QueryKind::kDelete || translation.kind == QueryKind::kSelectInto) {

@@ -57,6 +57,9 @@ class Database {
   /// The rows of a table whose index begins with these values, in the order of the file, as a keyed set.
   RecordSet OpenMatching(std::string_view table, std::string_view index, std::initializer_list<Value> key);
 
+  /// Deletes those rows instead; their number.
+  std::int64_t DeleteMatching(std::string_view table, std::string_view index, std::initializer_list<Value> key);
+
   /// Runs a query in the program's SQL dialect. Whole rows of one table come as a keyed set, all else as a snapshot.
   /// Errors: 3075 syntax, 3061 an unknown field, 3011 an unknown table.
   RecordSet OpenQuery(std::string_view sql);

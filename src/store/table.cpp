@@ -7,6 +7,7 @@
 #include <cmath>
 #include <limits>
 #include <numeric>
+#include <utility>
 
 #include "store/letter_case.h"
 #include "store/number_text.h"
@@ -205,6 +206,7 @@ std::optional<RowId> Table::Seek(std::size_t index, std::span<const Value> key) 
   const auto first = FirstRow(statement, key);
   Remember(slot, index, key);
   slot.first = first;
+  missed_ = first ? nullptr : &slot;
   return first;
 }
 
@@ -356,6 +358,13 @@ void Table::RequireWritten(RowId row) {
   ThrowDeleted();
 }
 
+bool Table::IsKeyOf(const CachedKey& slot, const RowValues& values) const {
+  const auto& positions = index_fields_[slot.index];
+  return Holds(slot, slot.index, slot.key) &&
+         std::equal(positions.begin(), positions.end(), slot.key.begin(), slot.key.end(),
+                    [&](std::size_t position, const Value& key) { return EqualAsKey(values[position], key); });
+}
+
 RowId Table::Insert(RowValues& values) {
   RequireWritable();
   if (!insert_) {
@@ -369,8 +378,15 @@ RowId Table::Insert(RowValues& values) {
     insert_->Bind(values);
     insert_->Step();
   }
-  ++key_version_;
   const RowId row = sqlite3_last_insert_rowid(connection_->Handle());
+  // Whoever looks for a row and adds it when there is none mostly looks for it again.
+  CachedKey* const missed = std::exchange(missed_, nullptr);
+  const bool found = missed != nullptr && IsKeyOf(*missed, values);
+  ++key_version_;
+  if (found) {
+    missed->key_version = key_version_;
+    missed->first = row;
+  }
   auto& slot = Slot(row);
   slot.values.swap(values);
   if (counter_) slot.values[*counter_].SetInteger(row);
@@ -422,6 +438,20 @@ void Table::Update(RowId row, RowValues& values) {
   RequireWritten(row);
   if (key_changed) ++key_version_;
   Slot(row).values.swap(values);
+}
+
+std::int64_t Table::DeleteMatching(std::size_t index, std::span<const Value> key) {
+  RequireWritable();
+  const auto depth = std::min(key.size(), indexes_[index].fields.size());
+  auto& statement = IndexStatement('d', index, depth, [&] {
+    return fmt::format("DELETE FROM {}{}", Quoted(name_), depth == 0 ? "" : " WHERE " + KeyCondition(index, depth));
+  });
+  const Execution execution(statement);
+  statement.Bind(key.first(depth));
+  statement.Step();
+  const auto deleted = static_cast<std::int64_t>(sqlite3_changes64(connection_->Handle()));
+  if (deleted > 0) Forget();
+  return deleted;
 }
 
 void Table::Delete(RowId row) {
