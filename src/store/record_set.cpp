@@ -22,7 +22,10 @@ namespace {
 
 // Rows ----------------------------------------------------------------------------------------------------------------
 
-RecordSet::Impl::~Impl() { StopEditing(); }
+RecordSet::Impl::~Impl() {
+  StopEditing();
+  if (!row_key.empty()) table->ReturnKey(std::move(row_key));
+}
 
 void RecordSet::Impl::Fill() {
   if (!source.query) {

@@ -214,6 +214,7 @@ std::shared_ptr<const std::vector<RowId>> Table::Matching(std::size_t index, std
   const auto depth = std::min(key.size(), indexes_[index].fields.size());
   key = key.first(depth);
   auto& slot = KeySlot(matches_, index, key);
+  matched_ = &slot;
   if (Holds(slot, index, key)) return slot.matching;
   auto& statement = IndexStatement('m', index, depth, [&] {
     return fmt::format("SELECT rowid FROM {0} INDEXED BY {1}{2}", Quoted(name_),
@@ -244,6 +245,10 @@ std::optional<RowId> Table::EndOf(std::optional<std::size_t> index, bool last) {
 void Table::CopyKey(std::size_t index, RowId row, std::vector<Value>& key) {
   const RowValues& values = Row(row);
   const auto& positions = index_fields_[index];
+  if (key.empty() && !spare_keys_.empty()) {
+    key = std::move(spare_keys_.back());
+    spare_keys_.pop_back();
+  }
   key.resize(positions.size());
   for (std::size_t i = 0; i < positions.size(); ++i) key[i] = values[positions[i]];
 }
@@ -358,11 +363,11 @@ void Table::RequireWritten(RowId row) {
   ThrowDeleted();
 }
 
-bool Table::IsKeyOf(const CachedKey& slot, const RowValues& values) const {
-  const auto& positions = index_fields_[slot.index];
-  return Holds(slot, slot.index, slot.key) &&
-         std::equal(positions.begin(), positions.end(), slot.key.begin(), slot.key.end(),
-                    [&](std::size_t position, const Value& key) { return EqualAsKey(values[position], key); });
+bool Table::Covers(const CachedKey* slot, const RowValues& values) const {
+  if (slot == nullptr || !Holds(*slot, slot->index, slot->key)) return false;
+  const auto& positions = index_fields_[slot->index];
+  return std::equal(slot->key.begin(), slot->key.end(), positions.begin(),
+                    [&](const Value& key, std::size_t position) { return EqualAsKey(key, values[position]); });
 }
 
 RowId Table::Insert(RowValues& values) {
@@ -379,17 +384,24 @@ RowId Table::Insert(RowValues& values) {
     insert_->Step();
   }
   const RowId row = sqlite3_last_insert_rowid(connection_->Handle());
-  // Whoever looks for a row and adds it when there is none mostly looks for it again.
+  if (counter_) values[*counter_].SetInteger(row);
+  // Whoever looks for a row and adds it when there is none mostly looks for it again, or for its like.
   CachedKey* const missed = std::exchange(missed_, nullptr);
-  const bool found = missed != nullptr && IsKeyOf(*missed, values);
+  const bool is_missed = Covers(missed, values);
+  const bool is_listed = Covers(matched_, values) && (matched_->matching->empty() || matched_->matching->back() < row);
   ++key_version_;
-  if (found) {
-    missed->key_version = key_version_;
+  if (is_missed) {
     missed->first = row;
+    missed->key_version = key_version_;
+  }
+  if (is_listed) {
+    if (matched_->matching.use_count() > 1)
+      matched_->matching = std::make_shared<std::vector<RowId>>(*matched_->matching);
+    matched_->matching->push_back(row);
+    matched_->key_version = key_version_;
   }
   auto& slot = Slot(row);
   slot.values.swap(values);
-  if (counter_) slot.values[*counter_].SetInteger(row);
   slot.row = row;
   slot.version = version_;
   slot.epoch = connection_->Epoch();

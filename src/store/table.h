@@ -60,8 +60,9 @@ class Table {
   /// Neighbour of a row, which need not exist any more; `key` is its key in the index.
   std::optional<RowId> Neighbour(std::optional<std::size_t> index, RowId row, std::span<const Value> key,
                                  bool backward);
-  /// The key of a row in an index; error 3167 if the row is not there.
+  /// The key of a row in an index; error 3167 if the row is not there. `ReturnKey` keeps its memory for the next one.
   void CopyKey(std::size_t index, RowId row, std::vector<Value>& key);
+  void ReturnKey(std::vector<Value> key) { spare_keys_.push_back(std::move(key)); }
   [[nodiscard]] std::int64_t Count();
 
   // Rows -------------------------------------------------------------------------------------------------------------
@@ -103,8 +104,8 @@ class Table {
     std::uint64_t epoch = 0;
     std::size_t index = 0;
     std::vector<Value> key;
-    std::optional<RowId> first;                          ///< result of Seek
-    std::shared_ptr<const std::vector<RowId>> matching;  ///< result of Matching
+    std::optional<RowId> first;                    ///< result of Seek
+    std::shared_ptr<std::vector<RowId>> matching;  ///< result of Matching
   };
   static constexpr std::size_t kRowSlots = 512;
   static constexpr std::size_t kKeySlots = 2048;  ///< so that the cities and chemicals hardly meet in one
@@ -121,8 +122,8 @@ class Table {
   std::optional<RowId> FirstRow(Statement& statement, std::span<const Value> key);
   static CachedKey& KeySlot(std::vector<CachedKey>& slots, std::size_t index, std::span<const Value> key);
   [[nodiscard]] bool Holds(const CachedKey& slot, std::size_t index, std::span<const Value> key) const;
-  /// Whether a row with these values has the whole key that is remembered.
-  [[nodiscard]] bool IsKeyOf(const CachedKey& slot, const RowValues& values) const;
+  /// Whether a look-up that is remembered, if any, is one for rows with these values.
+  [[nodiscard]] bool Covers(const CachedKey* slot, const RowValues& values) const;
   void Remember(CachedKey& slot, std::size_t index, std::span<const Value> key) const;
   /// The statement for what `sql` makes, prepared once per index and number of key values.
   template <typename Build>
@@ -153,8 +154,10 @@ class Table {
   std::uint64_t version_ = 1, key_version_ = 1;
   std::vector<CachedRow> rows_;
   std::vector<CachedKey> seeks_, matches_;  ///< empty until first used
-  CachedKey* missed_ = nullptr;             ///< the last Seek, if it found nothing
+  CachedKey* missed_ = nullptr;             ///< the last Seek that asked the file, if it found nothing
+  CachedKey* matched_ = nullptr;            ///< the last Matching
   std::vector<RowValues> spare_buffers_;
+  std::vector<std::vector<Value>> spare_keys_;
 };
 
 }  // namespace orvex::store

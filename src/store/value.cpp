@@ -25,7 +25,7 @@ double Finite(double number) {
 
 }  // namespace
 
-double Value::AsDouble() const {
+double Value::ToDouble() const {
   switch (kind_) {
     case Kind::kNull:
       ThrowNull();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -24,7 +25,7 @@ class Value {
   [[nodiscard]] bool IsNull() const { return kind_ == Kind::kNull; }
 
   /// As a number; error 94 when null, 13 for a text that is no number, 6 when not finite.
-  [[nodiscard]] double AsDouble() const;
+  [[nodiscard]] double AsDouble() const { return IsFiniteReal() ? real_ : ToDouble(); }
   /// As a 32-bit number, rounded to the nearest (ties to even); error 94 when null, 13, and 6 when out of range.
   [[nodiscard]] std::int32_t AsLong() const;
   /// Anything but zero is true; error 94 when null.
@@ -53,6 +54,9 @@ class Value {
   friend bool operator==(const Value& a, const Value& b);
 
  private:
+  [[nodiscard]] bool IsFiniteReal() const { return kind_ == Kind::kReal && std::isfinite(real_); }
+  [[nodiscard]] double ToDouble() const;
+
   Kind kind_ = Kind::kNull;
   union {
     std::int64_t integer_ = 0;
