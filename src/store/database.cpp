@@ -38,11 +38,10 @@ std::shared_ptr<Table> Database::Impl::GetTable(std::string_view name) {
     std::erase_if(tables, [](const auto& entry) { return entry.second.use_count() == 1; });
     undone = connection->Undone();
   }
-  std::string folded = LowerCase(name);
-  const auto found = tables.find(folded);
+  const auto found = tables.find(name);
   if (found != tables.end()) return found->second;
   auto table = std::make_shared<Table>(connection, name);
-  tables.emplace(std::move(folded), table);
+  tables.emplace(name, table);
   return table;
 }
 
@@ -179,7 +178,7 @@ void Database::DeleteTable(std::string_view name) {
   impl_->connection->RequireTransactionAlive();
   impl_->connection->Execute("DROP TABLE " + Quoted(table->Name()));
   table->Forget();
-  impl_->tables.erase(LowerCase(name));
+  impl_->tables.erase(impl_->tables.find(name));
 }
 
 std::int64_t Database::Execute(std::string_view sql) {

@@ -8,6 +8,7 @@
 #include "store/connection.h"
 #include "store/database.h"
 #include "store/dialect.h"
+#include "store/letter_case.h"
 #include "store/table.h"
 
 namespace orvex::store {
@@ -21,8 +22,8 @@ struct Database::Impl {
   Statement& Prepare(const std::string& sqlite_sql, std::string_view query);
 
   std::shared_ptr<Connection> connection;
-  std::unordered_map<std::string, std::shared_ptr<Table>> tables;  ///< by folded name
-  std::uint64_t undone = 0;                                        ///< transactions undone when they were looked over
+  std::unordered_map<std::string, std::shared_ptr<Table>, NameHash, NameEqual> tables;
+  std::uint64_t undone = 0;  ///< transactions undone when they were looked over
 };
 
 /// A query of the dialect and what it means.
