@@ -188,14 +188,19 @@ void Table::Remember(CachedKey& slot, std::size_t index, std::span<const Value> 
   slot.key.assign(key.begin(), key.end());
 }
 
+bool Table::IsCounter(std::size_t index, std::span<const Value> key) const {
+  return key.size() == 1 && index_fields_[index][0] == counter_ && key[0].GetKind() == Value::Kind::kInteger;
+}
+
+std::optional<RowId> Table::CounterRow(std::span<const Value> key) {
+  const RowId row = key[0].RawInteger();
+  return Refresh(row) ? std::optional(row) : std::nullopt;
+}
+
 std::optional<RowId> Table::Seek(std::size_t index, std::span<const Value> key) {
   const auto depth = std::min(key.size(), indexes_[index].fields.size());
   key = key.first(depth);
-  if (depth == 1 && index_fields_[index][0] == counter_ && key[0].GetKind() == Value::Kind::kInteger) {
-    // The Counter is the row's own number.
-    const RowId row = key[0].RawInteger();
-    return Refresh(row) ? std::optional(row) : std::nullopt;
-  }
+  if (IsCounter(index, key)) return CounterRow(key);
   auto& slot = KeySlot(seeks_, index, key);
   if (Holds(slot, index, key)) return slot.first;
   auto& statement = IndexStatement('s', index, depth, [&] {
@@ -213,6 +218,10 @@ std::optional<RowId> Table::Seek(std::size_t index, std::span<const Value> key) 
 std::shared_ptr<const std::vector<RowId>> Table::Matching(std::size_t index, std::span<const Value> key) {
   const auto depth = std::min(key.size(), indexes_[index].fields.size());
   key = key.first(depth);
+  if (IsCounter(index, key)) {
+    const auto row = CounterRow(key);
+    return std::make_shared<const std::vector<RowId>>(row ? 1 : 0, row.value_or(0));
+  }
   auto& slot = KeySlot(matches_, index, key);
   matched_ = &slot;
   if (Holds(slot, index, key)) return slot.matching;

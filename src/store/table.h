@@ -122,6 +122,9 @@ class Table {
   std::optional<RowId> FirstRow(Statement& statement, std::span<const Value> key);
   static CachedKey& KeySlot(std::vector<CachedKey>& slots, std::size_t index, std::span<const Value> key);
   [[nodiscard]] bool Holds(const CachedKey& slot, std::size_t index, std::span<const Value> key) const;
+  /// Whether a key is that of the Counter, which is the row's own number and needs no look into the index.
+  [[nodiscard]] bool IsCounter(std::size_t index, std::span<const Value> key) const;
+  std::optional<RowId> CounterRow(std::span<const Value> key);
   /// Whether a look-up that is remembered, if any, is one for rows with these values.
   [[nodiscard]] bool Covers(const CachedKey* slot, const RowValues& values) const;
   void Remember(CachedKey& slot, std::size_t index, std::span<const Value> key) const;
