@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "store/database.h"
+#include "store/run_time_error.h"
+#include "support/expect_error.h"
 #include "support/test_databases.h"
 
 // What is remembered of look-ups while a transaction is open must never show.
@@ -122,6 +124,100 @@ TEST_F(LookUpMemory, RowsDeletedByTheirKeyAreGoneForEverySet) {
   EXPECT_EQ(components.RecordCount(), 1);
 }
 
+TEST_F(LookUpMemory, NothingOfUndoneWorkIsRemembered) {
+  auto components = client.OpenTable("components");
+  components.SetIndex("IDMIX");
+  {
+    const Transaction transaction(client);
+    components.Seek({1, 1, 1});
+    EXPECT_TRUE(NamesOf(1, 1).empty());
+    AddComponent(1, 1, 1);
+    components.Seek({1, 1, 1});
+    EXPECT_FALSE(components.NoMatch());
+    EXPECT_EQ(NamesOf(1, 1), (List{"Benzene"}));
+  }
+  for (const bool in_transaction : {false, true}) {
+    std::optional<Transaction> transaction;
+    if (in_transaction) transaction.emplace(client);
+    components.Seek({1, 1, 1});
+    EXPECT_TRUE(components.NoMatch());
+    EXPECT_TRUE(NamesOf(1, 1).empty());
+  }
+}
+
+TEST_F(LookUpMemory, NothingIsRememberedFromOneTransactionToTheNext) {
+  const auto other = Database::Open(client.Path());
+  auto components = client.OpenTable("components");
+  components.SetIndex("IDMIX");
+  {
+    Transaction transaction(client);
+    components.Seek({1, 1, 1});
+    EXPECT_TRUE(NamesOf(1, 1).empty());
+    transaction.Commit();
+  }
+  AddRow(*other, "components", {{"ID", 1}, {"MIX ID", 1}, {"COMP ID", 1}, {"NAME", "Toluene"}});
+  const Transaction transaction(client);
+  components.Seek({1, 1, 1});
+  EXPECT_FALSE(components.NoMatch());
+  EXPECT_EQ(NamesOf(1, 1), (List{"Toluene"}));
+}
+
+TEST_F(LookUpMemory, ARowIsFoundUnderTheKeyThatAnotherSetGaveIt) {
+  const Transaction transaction(client);
+  AddComponent(1, 1, 1);
+  auto components = client.OpenTable("components");
+  components.SetIndex("IDMIX");
+  components.Seek({1, 1, 1});
+  EXPECT_TRUE(NamesOf(1, 2).empty());
+  auto other = client.OpenTable("components");
+  other.Edit();
+  other.Set("MIX ID", 2);
+  other.Update();
+  EXPECT_EQ(components.Long("MIX ID"), 2) << "the set stands on the row, whatever its key";
+  components.Seek({1, 1, 1});
+  EXPECT_TRUE(components.NoMatch());
+  components.Seek({1, 2, 1});
+  EXPECT_FALSE(components.NoMatch());
+  EXPECT_TRUE(NamesOf(1, 1).empty());
+  EXPECT_EQ(NamesOf(1, 2), (List{"Benzene"}));
+}
+
+TEST_F(LookUpMemory, RowsThatAQueryDeletedAreNotFound) {
+  const Transaction transaction(client);
+  AddComponent(1, 1, 1);
+  auto components = client.OpenTable("components");
+  components.SetIndex("IDMIX");
+  components.Seek({1, 1, 1});
+  EXPECT_EQ(NamesOf(1, 1).size(), 1U);
+  EXPECT_EQ(client.Execute("DELETE * FROM components WHERE ID = 1"), 1);
+  components.Seek({1, 1, 1});
+  EXPECT_TRUE(components.NoMatch());
+  EXPECT_TRUE(NamesOf(1, 1).empty());
+}
+
+TEST_F(LookUpMemory, AMissedKeyIsStillMissedAfterItsRowWasRefused) {
+  client.CreateTable("t", {{"a", FieldType::kLong, 0}, {"b", FieldType::kText, 5}},
+                     {{"a", {"a"}, false}, {"b", {"b"}, true}});
+  AddRow(client, "t", {{"a", 1}, {"b", "x"}});
+  const Transaction transaction(client);
+  auto rows = client.OpenTable("t");
+  rows.SetIndex("a");
+  rows.Seek({2});
+  EXPECT_EQ(client.OpenMatching("t", "a", {2}).RecordCount(), 0);
+  EXPECT_RUN_TIME_ERROR(AddRow(client, "t", {{"a", 2}, {"b", "X"}}), ErrorNumber::kDuplicateKey);
+  rows.Seek({2});
+  EXPECT_TRUE(rows.NoMatch());
+  EXPECT_EQ(client.OpenMatching("t", "a", {2}).RecordCount(), 0);
+}
+
+TEST_F(LookUpMemory, RowsCannotBeDeletedByKeyFromAFileThatIsReadOnly) {
+  AddComponent(1, 1, 1);
+  const auto reader = Database::Open(client.Path(), OpenMode::kReadOnly);
+  EXPECT_RUN_TIME_ERROR(reader->DeleteMatching("components", "IDMIX", {1}), ErrorNumber::kReadOnly);
+  EXPECT_RUN_TIME_ERROR(client.DeleteMatching("components", "no index", {1}), ErrorNumber::kItemNotFound);
+  EXPECT_EQ(NamesOf(1, 1).size(), 1U);
+}
+
 /// A database on which steps are made, and what they showed.
 class Bench {
  public:
@@ -157,7 +253,27 @@ class Bench {
         walker_.Update();
         return key + "changed";
       }
-      case 5:
+      case 5: {
+        walker_.Seek({id, mix, comp});
+        if (walker_.NoMatch()) return key + "nothing to move";
+        auto other = client_.OpenTable("components");
+        other.Move(walker_.CurrentBookmark());
+        other.Edit();
+        other.Set("MIX ID", 1 - mix);
+        try {
+          other.Update();
+        } catch (const RunTimeError& error) {
+          if (error.Number() != ErrorNumber::kDuplicateKey) throw;
+          return key + "not moved";
+        }
+        return key + "moved";
+      }
+      case 6:
+        return key +
+               std::to_string(client_.Execute("DELETE * FROM components WHERE ID = " + std::to_string(id) +
+                                              " AND [COMP ID] = " + std::to_string(comp))) +
+               " deleted by a query";
+      case 7:
         return key + std::to_string(client_.DeleteMatching("components", "IDMIX", {id, mix})) + " deleted";
       default: {
         std::string list;
@@ -183,7 +299,7 @@ TEST(LookUpMemoryProperty, EveryStepShowsTheSameInATransactionAsWithoutOne) {
   Bench remembering(true);
   Bench forgetting(false);
   for (int i = 0; i < 2000; ++i) {
-    const int kind = below(8);
+    const int kind = below(11);
     const int id = below(2);
     const int mix = below(2);
     const int comp = below(4);
