@@ -12,14 +12,10 @@
 #include "store/letter_case.h"
 #include "store/number_text.h"
 #include "store/run_time_error.h"
+#include "store/utf8.h"
 
 namespace orvex::store {
 namespace {
-
-std::size_t CharacterCount(std::string_view utf8) {
-  return static_cast<std::size_t>(
-      std::count_if(utf8.begin(), utf8.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
-}
 
 std::size_t HashOf(const Value& value) {
   switch (value.GetKind()) {

@@ -3,15 +3,16 @@
 #include <optional>
 
 #include "store/letter_case.h"
+#include "store/utf8.h"
 
 namespace orvex::store {
 namespace {
 
-/// Number of bytes of the UTF-8 character that a text begins with (1 for a broken one).
+/// Number of bytes of the character that a text begins with, or of the bytes there that are none.
 std::size_t CharacterLength(std::string_view text) {
-  const auto lead = static_cast<unsigned char>(text.front());
-  const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 1;
-  return std::min(length, text.size());
+  std::string_view rest = text;
+  static_cast<void>(TakeCharacter(rest));
+  return text.size() - rest.size();
 }
 
 char WithCase(char c, CaseRule case_rule) { return case_rule == CaseRule::kIgnore ? Folded(c) : c; }
