@@ -48,11 +48,14 @@ class Table {
   /// Number of an index; error 3265 if there is none.
   [[nodiscard]] std::size_t IndexNumber(std::string_view name) const;
 
-  // Keys -------------------------------------------------------------------------------------------------------------
+  // Keys (table_keys.cpp) --------------------------------------------------------------------------------------------
   /// First row, in the order of an index, whose key begins with these values.
   std::optional<RowId> Seek(std::size_t index, std::span<const Value> key);
   /// All such rows, in the order of the file.
   std::shared_ptr<const std::vector<RowId>> Matching(std::size_t index, std::span<const Value> key);
+
+  /// Deletes all such rows; their number.
+  std::int64_t DeleteMatching(std::size_t index, std::span<const Value> key);
 
   /// Ends of the order of an index, or of the file without one.
   std::optional<RowId> First(std::optional<std::size_t> index) { return EndOf(index, false); }
@@ -65,7 +68,7 @@ class Table {
   void ReturnKey(std::vector<Value> key) { spare_keys_.push_back(std::move(key)); }
   [[nodiscard]] std::int64_t Count();
 
-  // Rows -------------------------------------------------------------------------------------------------------------
+  // Rows (table_rows.cpp) --------------------------------------------------------------------------------------------
   /// A row's values; valid until the next call of any member. Error 3167 if the row is not there.
   const RowValues& Row(RowId row);
   /// Whether the row is there; reads it anew unless a transaction protects what is remembered.
@@ -77,9 +80,8 @@ class Table {
   void Update(RowId row, RowValues& values);
   /// Error 3167 if the row is not there.
   void Delete(RowId row);
-  /// Deletes all rows whose key begins with these values; their number.
-  std::int64_t DeleteMatching(std::size_t index, std::span<const Value> key);
 
+  // Conversion (table_conversion.cpp) --------------------------------------------------------------------------------
   /// The value as the field stores it; see RecordSet::Set for the errors.
   void Convert(std::size_t field, const Value& value, Value& stored) const;
   void Convert(std::size_t field, double value, Value& stored) const;
