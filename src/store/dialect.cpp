@@ -99,14 +99,14 @@ class Translator {
     std::string groups;
     if (TakeKeyword("GROUP")) {
       RequireKeyword("BY");
-      groups = Expression({"HAVING", "ORDER"});
+      groups = Fields({"HAVING", "ORDER"});
       tail += " GROUP BY" + groups;
       if (TakeKeyword("HAVING")) tail += " HAVING" + Expression({"ORDER"});
     }
     std::string order;
     if (TakeKeyword("ORDER")) {
       RequireKeyword("BY");
-      order = Expression({});
+      order = Fields({});
     } else if (!groups.empty()) {
       order = groups;
     }
@@ -174,6 +174,26 @@ class Translator {
     if (list) Fail("OR is not expected in a list");
     alternatives.push_back(std::move(sql));
     return Alternatives(alternatives);
+  }
+
+  /// The same for what rows are ordered or grouped by. A constant there would leave them as they are; in other dialects
+  /// a number means a column of the list.
+  std::string Fields(std::initializer_list<std::string_view> stops) {
+    const std::size_t start = at_;
+    std::string sql = Expression(stops);
+    const auto ends_term = [&](std::size_t i) {
+      return i == at_ || tokens_[i].IsSymbol(",") || tokens_[i].IsKeyword("ASC") || tokens_[i].IsKeyword("DESC");
+    };
+    int depth = 0;
+    for (std::size_t i = start; i < at_; ++i) {
+      depth += tokens_[i].IsSymbol("(") ? 1 : tokens_[i].IsSymbol(")") ? -1 : 0;
+      const bool constant = tokens_[i].kind == TokenKind::kNumber || tokens_[i].kind == TokenKind::kText;
+      const bool begins_term = i == start || tokens_[i - 1].IsSymbol(",");
+      if (depth == 0 && constant && begins_term && ends_term(i + 1)) {
+        Fail(fmt::format("rows are ordered and grouped by fields, not by '{}'", tokens_[i].text));
+      }
+    }
+    return sql;
   }
 
   /// `a OR b OR c ...` in nested halves: a choice of thousands of names stays within SQLite's depth of expressions.

@@ -173,6 +173,20 @@ TEST_F(Dialect, RowsThatTheOrderLeavesEqualStayInTheOrderOfTheFile) {
   }
 }
 
+TEST_F(Dialect, RowsAreNotOrderedByTheNumberOfAColumn) {
+  AddRow(reference, "deckseam", {{"NAME", "b"}, {"CONSTRUC", "x"}});
+  AddRow(reference, "deckseam", {{"NAME", "a"}, {"CONSTRUC", "y"}});
+  for (const char* sql :
+       {"SELECT NAME FROM deckseam ORDER BY 1", "SELECT * FROM deckseam ORDER BY 2 DESC",
+        "SELECT * FROM deckseam ORDER BY NAME, 1", "SELECT * FROM deckseam ORDER BY 1 ASC, NAME",
+        "SELECT * FROM deckseam ORDER BY 'NAME'", "SELECT NAME, Count(*) AS n FROM deckseam GROUP BY 1"}) {
+    EXPECT_NE(SyntaxError(sql).find("by fields, not by"), std::string::npos) << sql;
+  }
+  EXPECT_EQ(QueryRows(reference, "SELECT NAME FROM deckseam ORDER BY NAME & '1', CONSTRUC & 2", {"NAME"}),
+            (Rows{"a", "b"}))
+      << "a constant may be a part of what they are ordered by";
+}
+
 TEST_F(Dialect, GroupsAndDifferentRowsDisregardCase) {
   for (const char* construction : {"sheet", "Panel", "Sheet"}) AddSeam("x", construction, 2);
   EXPECT_EQ(QueryRows(reference, "SELECT CONSTRUC, Count(*) AS n, Sum(SWIDTH) AS s FROM deckseam GROUP BY CONSTRUC",
