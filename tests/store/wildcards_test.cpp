@@ -51,6 +51,8 @@ TEST(Wildcards, AQuestionMarkStandsForOneCharacter) {
   EXPECT_TRUE(Matches("\xE2\x82\xAC", "?")) << "the euro sign has three";
   EXPECT_TRUE(Matches("\xF0\x9F\x9B\xA2", "?")) << "the oil drum has four";
   EXPECT_TRUE(Matches("x\xC3", "x?")) << "a broken character is one";
+  EXPECT_TRUE(Matches("\xC3x", "?x")) << "which takes nothing of the next one along";
+  EXPECT_FALSE(Matches("\xC3x", "?"));
 }
 
 TEST(Wildcards, ANumberSignStandsForOneDigit) {
