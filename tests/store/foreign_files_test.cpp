@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 
 #include "store/database.h"
@@ -213,6 +214,82 @@ TEST_F(ForeignFile, TextsInAnotherEncodingAreRead) {
   AddRow(*file, "t", {{"a", "\xE2\x82\xAC"}});
   rows.MoveLast();
   EXPECT_EQ(rows.Text("a"), "\xE2\x82\xAC");
+}
+
+/// A file whose other program keeps changes in a log beside it.
+class LoggedFile : public ForeignFile {
+ protected:
+  void SetUp() override {
+    Database::Create(path, ClientTables());
+    RawFile(path).Run(R"(PRAGMA journal_mode = WAL; INSERT INTO tank ("USER ID") VALUES ('a'))");
+  }
+};
+
+TEST_F(LoggedFile, IsReadAndWritten) {
+  {
+    const auto client = Database::Open(path);
+    EXPECT_EQ(client->OpenTable("tank").Text("USER ID"), "a");
+    AddRow(*client, "tank", {{"USER ID", "b"}});
+    Transaction transaction(*client);
+    AddRow(*client, "tank", {{"USER ID", "c"}});
+    transaction.Commit();
+    {
+      const Transaction undone(*client);
+      AddRow(*client, "tank", {{"USER ID", "d"}});
+    }
+    EXPECT_TRUE(client->IntegrityCheck());
+  }
+  EXPECT_EQ(QueryRows(*Database::Open(path), "SELECT * FROM tank", {"USER ID"}), (Rows{"a", "b", "c"}));
+}
+
+TEST_F(LoggedFile, StandsWholeInOneFileOnceItIsClosed) {
+  {
+    const auto client = Database::Open(path);
+    AddRow(*client, "tank", {{"USER ID", "b"}});
+    EXPECT_TRUE(std::filesystem::exists(path.string() + "-wal"));
+  }
+  EXPECT_FALSE(std::filesystem::exists(path.string() + "-wal"));
+  const auto copy = folder.Path() / "copy.mdb";
+  std::filesystem::copy_file(path, copy);
+  EXPECT_EQ(QueryRows(*Database::Open(copy), "SELECT * FROM tank", {"USER ID"}), (Rows{"a", "b"}));
+}
+
+TEST_F(LoggedFile, ChangesThatItsProgramLeftInTheLogAreSeen) {
+  // As after a crash: file and log were copied while the program that wrote them still had them open.
+  const auto copy = folder.Path() / "crashed.mdb";
+  {
+    RawFile writer(path);
+    writer.Run(R"(INSERT INTO tank ("USER ID") VALUES ('in the log'))");
+    std::filesystem::copy_file(path, copy);
+    std::filesystem::copy_file(path.string() + "-wal", copy.string() + "-wal");
+  }
+  const auto client = Database::Open(copy);
+  EXPECT_EQ(QueryRows(*client, "SELECT * FROM tank", {"USER ID"}), (Rows{"a", "in the log"}));
+  EXPECT_TRUE(client->IntegrityCheck());
+}
+
+TEST_F(LoggedFile, ATransactionThatReadKeepsItsViewWhileAnotherProgramWrites) {
+  const auto client = Database::Open(path);
+  RawFile writer(path);
+  auto tanks = client->OpenTable("tank");
+  {
+    Transaction reading(*client, Transaction::Purpose::kRead);
+    EXPECT_EQ(tanks.RecordCount(), 1);
+    writer.Run(R"(INSERT INTO tank ("USER ID") VALUES ('b'))");
+    EXPECT_EQ(tanks.RecordCount(), 1);
+    // Writing from a view that is out of date would lose the other program's row.
+    EXPECT_RUN_TIME_ERROR(AddRow(*client, "tank", {{"USER ID", "c"}}), ErrorNumber::kFileLocked);
+    reading.Commit();
+  }
+  EXPECT_EQ(tanks.RecordCount(), 2);
+  AddRow(*client, "tank", {{"USER ID", "c"}});
+  EXPECT_EQ(tanks.RecordCount(), 3);
+}
+
+TEST_F(LoggedFile, IsReadOnlyWhenItIsOpenedSo) {
+  const auto client = Database::Open(path, OpenMode::kReadOnly);
+  EXPECT_EQ(client->OpenTable("tank").RecordCount(), 1);
+  EXPECT_RUN_TIME_ERROR(AddRow(*client, "tank", {{"USER ID", "b"}}), ErrorNumber::kReadOnly);
 }
 
 TEST_F(ForeignFile, ARowThatAnotherProgramDeletedCannotBeWritten) {
