@@ -3,6 +3,7 @@
 #include <array>
 
 #include "emission/arithmetic.h"
+#include "emission/constants.h"
 #include "emission/emission_row.h"
 #include "emission/error_rows.h"
 #include "emission/field_reading.h"
@@ -157,7 +158,7 @@ Losses ComputeLosses(Session& session, const Tank& tank, const PeriodData& perio
   losses.vapor_volume =
       Routine(session, "modEmission.VaporVolume", [&] { return VaporVolume(losses.vapor_outage, d_e); });
   if (!tank.AtGroundTemperature()) {
-    losses.vapor_density = Divide(liquid.vapor_weight * liquid.average_psia, 10.731 * t.average);
+    losses.vapor_density = Divide(liquid.vapor_weight * liquid.average_psia, kGasConstant * t.average);
     losses.k_s = Routine(session, "modEmission.VaporSaturation",
                          [&] { return VaporSaturation(liquid.average_psia, losses.vapor_outage); });
     losses.k_e = Routine(session, "modEmission.VaporExpansion", [&] { return VaporExpansion(expansion); });

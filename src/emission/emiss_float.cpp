@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "emission/arithmetic.h"
+#include "emission/constants.h"
 #include "emission/emission_row.h"
 #include "emission/error_rows.h"
 #include "emission/field_reading.h"
@@ -26,8 +27,6 @@ using shell::Session;
 using std::int32_t;
 using store::RecordSet;
 
-constexpr double kGallonsPerBarrel = 42;
-constexpr double kMonthsPerYear = 12;
 constexpr double kUnknownSeamFactor = 0.14;  ///< K_D of a deck seam that the reference table does not know
 
 /// What the equations take from the tank's row; null reads as an empty text, 0 or false.

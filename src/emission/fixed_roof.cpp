@@ -3,13 +3,13 @@
 #include <optional>
 
 #include "emission/arithmetic.h"
+#include "emission/constants.h"
 #include "shell/tank_types.h"
 
 namespace orvex::emission {
 namespace {
 
 constexpr double kPi = 3.14159265;  // to as many places as the vapor space volume is computed with
-constexpr double kGallonsPerBarrel = 42;
 
 double ConeOutage(const RoofShape& shape, double effective_diameter) {
   if (shape.roof_height > 0) return shape.roof_height / 3;

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <string>
 
+#include "emission/constants.h"
 #include "emission/validation.h"
 #include "shell/periods.h"
 #include "shell/tank_types.h"
@@ -41,7 +42,7 @@ void DistributeThroughput(Validation& validation) {
   mixture.Edit();
   for (const shell::Month& month : kMonths) {
     mixture.Set(month.name, true);
-    mixture.Set(month.throughput, validation.NetThroughput / 12);
+    mixture.Set(month.throughput, validation.NetThroughput / kMonthsPerYear);
   }
   mixture.Update();
 }
