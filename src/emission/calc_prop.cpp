@@ -3,8 +3,8 @@
 #include "emission/field_reading.h"
 #include "emission/liquid_temperature.h"
 #include "emission/mixture.h"
+#include "emission/paint.h"
 #include "emission/routine.h"
-#include "emission/solar.h"
 #include "emission/vapor_pressure.h"
 #include "shell/number_format.h"
 #include "shell/status.h"
@@ -21,17 +21,15 @@ using std::int32_t;
 using store::RecordSet;
 
 struct Tank {
-  std::string type, city, shell_colour, shell_condition, roof_colour, roof_condition;
+  std::string type, city;
+  Paint paint;
   bool underground, heated;
 };
 
 Tank ReadTank(RecordSet& tank) {
   return {.type = ReadTextOrEmpty(tank, "TANK_TYPE"),
           .city = ReadTextOrEmpty(tank, "MET CTYST"),
-          .shell_colour = ReadTextOrEmpty(tank, "SHL COLSHD"),
-          .shell_condition = ReadTextOrEmpty(tank, "PT_COND"),
-          .roof_colour = ReadTextOrEmpty(tank, "RF_COLSHD"),
-          .roof_condition = ReadTextOrEmpty(tank, "RF_COND"),
+          .paint = ReadPaint(tank),
           .underground = ReadFlagOrFalse(tank, "UNDER"),
           .heated = ReadFlagOrFalse(tank, "HEATED")};
 }
@@ -39,12 +37,12 @@ Tank ReadTank(RecordSet& tank) {
 /// Whether the city and the paints that the tank's type needs are given.
 bool IsComplete(const Tank& tank) {
   if (tank.city.empty()) return false;
-  const bool shell_painted = !tank.shell_colour.empty() && !tank.shell_condition.empty();
-  const bool roof_painted = !tank.roof_colour.empty() && !tank.roof_condition.empty();
-  if (tank.type == shell::kHorizontal) return tank.underground || shell_painted;
-  if (tank.type == shell::kExternalFloatingRoof || tank.type == shell::kDomedExternalFloatingRoof) return shell_painted;
+  if (tank.type == shell::kHorizontal) return tank.underground || tank.paint.HasShell();
+  if (tank.type == shell::kExternalFloatingRoof || tank.type == shell::kDomedExternalFloatingRoof) {
+    return tank.paint.HasShell();
+  }
   if (tank.type == shell::kVerticalFixedRoof || tank.type == shell::kInternalFloatingRoof) {
-    return shell_painted && roof_painted;
+    return tank.paint.HasShell() && tank.paint.HasRoof();
   }
   return true;
 }
@@ -58,8 +56,7 @@ Temperatures LiquidTemperatures(Session& session, const Tank& tank, RecordSet& w
   const auto annual_r = [&](std::string_view field) {
     return RoundSixDecimals(FahrenheitToRankine(weather.Double(field)));
   };
-  const double absorptance =
-      tank.underground ? 0 : Solar(tank.shell_colour, tank.shell_condition, tank.roof_colour, tank.roof_condition);
+  const double absorptance = tank.underground ? 0 : tank.paint.Absorptance();
   const double insolation = RoundSixDecimals(weather.Double("INSOL_ANN"));
   const double ambient = annual_r("A_TEMP_DAA");
   const double ambient_max = annual_r("TAX_ANN");

@@ -10,6 +10,7 @@
 #include "emission/fixed_roof.h"
 #include "emission/liquid_temperature.h"
 #include "emission/mixture.h"
+#include "emission/paint.h"
 #include "emission/period_weather.h"
 #include "emission/routine.h"
 #include "emission/solar.h"
@@ -26,7 +27,8 @@ using store::RecordSet;
 
 /// What the equations take from the tank's row; null reads as an empty text, 0 or false.
 struct Tank {
-  std::string user_id, type, roof_type, shell_colour, shell_condition, roof_colour, roof_condition;
+  std::string user_id, type, roof_type;
+  Paint paint;
   double diameter, shell_height, roof_height, average_liquid_height, cone_slope, dome_radius;
   double vent_pressure, vent_vacuum, turnovers, net_throughput;
   bool underground, heated;
@@ -42,10 +44,7 @@ Tank ReadTank(RecordSet& tank) {
   return {.user_id = ReadTextOrEmpty(tank, "USER ID"),
           .type = ReadTextOrEmpty(tank, "TANK_TYPE"),
           .roof_type = ReadTextOrEmpty(tank, "RF_TYPE"),
-          .shell_colour = ReadTextOrEmpty(tank, "SHL COLSHD"),
-          .shell_condition = ReadTextOrEmpty(tank, "PT_COND"),
-          .roof_colour = ReadTextOrEmpty(tank, "RF_COLSHD"),
-          .roof_condition = ReadTextOrEmpty(tank, "RF_COND"),
+          .paint = ReadPaint(tank),
           .diameter = ReadNumberOrZero(tank, "DIAMETER"),
           .shell_height = ReadNumberOrZero(tank, "HEIGHT S"),
           .roof_height = ReadNumberOrZero(tank, "RF_HEIGHT"),
@@ -203,8 +202,8 @@ void WriteRow(RecordSet& row, RecordSet& tank_row, const Tank& tank, const Perio
       {"W_LOSS", losses.working},
       {"MOLWT", liquid.liquid_weight},
       {"VP_MOLWT", liquid.vapor_weight},
-      {"ALPHA", ShellSolar(tank.shell_colour, tank.shell_condition)},
-      {"ALPHA_2", RoofSolar(tank.roof_colour, tank.roof_condition)},
+      {"ALPHA", ShellSolar(tank.paint.shell_colour, tank.paint.shell_condition)},
+      {"ALPHA_2", RoofSolar(tank.paint.roof_colour, tank.paint.roof_condition)},
       {"ALS_TEMP", t.average},
       {"MLS_TEMP", t.minimum},
       {"XLS_TEMP", t.maximum},
@@ -253,8 +252,7 @@ void Compute(Session& session, int32_t ID, int32_t MixID, const std::string& Mon
   const std::string category = ReadTextOrEmpty(mixture, "C_CATEGORY");
   const PeriodData period = ReadPeriod(weather, mixture, Month, tank.net_throughput, Wind::kWithout);
 
-  const double absorptance =
-      tank.underground ? 0 : Solar(tank.shell_colour, tank.shell_condition, tank.roof_colour, tank.roof_condition);
+  const double absorptance = tank.underground ? 0 : tank.paint.Absorptance();
   const Temperatures t = PeriodTemperatures(session, tank, mixture, period, annual_ambient_f, absorptance);
   const std::string name = ReadText(mixture, "MIX NAME");
   const std::string cas = ReadTextOrEmpty(mixture, "CAS");

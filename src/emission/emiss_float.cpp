@@ -13,6 +13,7 @@
 #include "emission/floating_roof.h"
 #include "emission/liquid_temperature.h"
 #include "emission/mixture.h"
+#include "emission/paint.h"
 #include "emission/period_weather.h"
 #include "emission/routine.h"
 #include "emission/solar.h"
@@ -31,7 +32,8 @@ constexpr double kUnknownSeamFactor = 0.14;  ///< K_D of a deck seam that the re
 
 /// What the equations take from the tank's row; null reads as an empty text, 0 or false.
 struct Tank {
-  std::string user_id, type, shell_colour, paint_condition, roof_colour, roof_condition;
+  std::string user_id, type;
+  Paint paint;
   std::string shell_condition, shell_construction, deck_construction, primary_seal, secondary_seal, deck_seam;
   double diameter, net_throughput, column_count, column_diameter, seam_factor, seam_length;
   bool self_supporting;
@@ -42,10 +44,7 @@ struct Tank {
 Tank ReadTank(RecordSet& tank) {
   return {.user_id = ReadTextOrEmpty(tank, "USER ID"),
           .type = ReadTextOrEmpty(tank, "TANK_TYPE"),
-          .shell_colour = ReadTextOrEmpty(tank, "SHL COLSHD"),
-          .paint_condition = ReadTextOrEmpty(tank, "PT_COND"),
-          .roof_colour = ReadTextOrEmpty(tank, "RF_COLSHD"),
-          .roof_condition = ReadTextOrEmpty(tank, "RF_COND"),
+          .paint = ReadPaint(tank),
           .shell_condition = ReadTextOrEmpty(tank, "SHL_COND"),
           .shell_construction = ReadTextOrEmpty(tank, "TANK_CONSTRUCT"),
           .deck_construction = ReadTextOrEmpty(tank, "DECK_CONSTRUCT"),
@@ -67,7 +66,7 @@ struct Temperatures {
 };
 
 Temperatures PeriodTemperatures(Session& session, const Tank& tank, const PeriodData& period, double annual_ambient_f) {
-  const double absorptance = Solar(tank.shell_colour, tank.paint_condition, tank.roof_colour, tank.roof_condition);
+  const double absorptance = tank.paint.Absorptance();
   const double ambient = FahrenheitToRankine(annual_ambient_f);
   const double average = Routine(session, "modEmission.ALST", [&] {
     return ALST(ambient, FahrenheitToRankine(period.ambient_f), absorptance, period.insolation);
@@ -249,8 +248,8 @@ void Compute(Session& session, int32_t ID, int32_t MixID, const std::string& Mon
       {"MOLWT", liquid.liquid_weight},
       {"VP_MOLWT", liquid.vapor_weight},
       {"L_DENS", liquid.density},
-      {"ALPHA", ShellSolar(tank.shell_colour, tank.paint_condition)},
-      {"ALPHA_2", RoofSolar(tank.roof_colour, tank.roof_condition)},
+      {"ALPHA", ShellSolar(tank.paint.shell_colour, tank.paint.shell_condition)},
+      {"ALPHA_2", RoofSolar(tank.paint.roof_colour, tank.paint.roof_condition)},
       {"ALS_TEMP", t.average},
       {"MLS_TEMP", t.minimum},
       {"XLS_TEMP", t.maximum},
