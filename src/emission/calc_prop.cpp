@@ -94,9 +94,7 @@ void SetPressure(RecordSet& mixture, std::string_view field, double pressure_psi
 
 /// The properties of a mixture that stands in the reference table under its own name.
 void FillFromChemical(Session& session, const Tank& tank, RecordSet& mixture, const Temperatures& liquid) {
-  auto chemical = session.ReferenceDb->OpenTable("chemical");
-  chemical.SetIndex("chemname");
-  chemical.Seek({mixture.Get("MIX NAME")});
+  auto chemical = session.ReferenceDb->OpenAt("chemical", "chemname", {mixture.Get("MIX NAME")});
   // The person's own figures stay where the name is no chemical.
   if (chemical.NoMatch()) return;
   for (const auto* field : {"MOLWT", "VP_MOLWT", "L_DENS"}) mixture.Set(field, chemical.Get(field));

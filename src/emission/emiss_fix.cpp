@@ -235,18 +235,12 @@ void WriteRow(RecordSet& row, RecordSet& tank_row, const Tank& tank, const Perio
 }
 
 void Compute(Session& session, int32_t ID, int32_t MixID, const std::string& Month) {
-  auto mixture = session.ClientDb->OpenTable("mixtures");
-  mixture.SetIndex("IDMIX");
-  mixture.Seek({ID, MixID});
+  auto mixture = session.ClientDb->OpenAt("mixtures", "IDMIX", {ID, MixID});
   if (Month != shell::kAnnual && !ReadFlag(mixture, Month)) return;
 
-  auto tank_row = session.ClientDb->OpenTable("tank");
-  tank_row.SetIndex("ID");
-  tank_row.Seek({ID});
+  auto tank_row = session.ClientDb->OpenAt("tank", "ID", {ID});
   const Tank tank = ReadTank(tank_row);
-  auto weather = session.ReferenceDb->OpenTable("met");
-  weather.SetIndex("CTYST");
-  weather.Seek({ReadTextOrEmpty(tank_row, "MET CTYST")});
+  auto weather = session.ReferenceDb->OpenAt("met", "CTYST", {ReadTextOrEmpty(tank_row, "MET CTYST")});
   const double annual_ambient_f = ReadNumber(weather, "A_TEMP_DAA");
   const double atmospheric_psia = ReadNumber(weather, "ATMOS_PRS");
   const std::string category = ReadTextOrEmpty(mixture, "C_CATEGORY");

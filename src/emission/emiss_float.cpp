@@ -112,9 +112,8 @@ struct RimSeal {
 /// The seal's factors for the tank's shell; all 0 for a combination that the reference table does not know.
 RimSeal ReadRimSeal(Session& session, const Tank& tank) {
   const bool welded = tank.IsInternal() || tank.shell_construction == "Welded";
-  auto seals = session.ReferenceDb->OpenTable("rimseal");
-  seals.SetIndex("rimid");
-  seals.Seek({tank.primary_seal, tank.secondary_seal, welded, !welded});
+  auto seals =
+      session.ReferenceDb->OpenAt("rimseal", "rimid", {tank.primary_seal, tank.secondary_seal, welded, !welded});
   return {ReadNumber(seals, "K_RA"), ReadNumber(seals, "K_RB"), ReadNumber(seals, "N_FACTOR")};
 }
 
@@ -155,9 +154,7 @@ struct DeckSeam {
 DeckSeam ComputeDeckSeam(Session& session, const Tank& tank, const LossTerms& terms) {
   DeckSeam seam;
   if (!tank.IsInternal() || tank.deck_construction == "Welded") return seam;
-  auto seams = session.ReferenceDb->OpenTable("deckseam");
-  seams.SetIndex("name");
-  seams.Seek({tank.deck_seam});
+  auto seams = session.ReferenceDb->OpenAt("deckseam", "name", {tank.deck_seam});
   seam.k_d = seams.NoMatch() ? kUnknownSeamFactor : seams.Double("KD");
   seam.s_d = tank.seam_factor;
   const double per_year = Routine(session, "modEmission.DeckSeamLoss", [&] {
@@ -176,19 +173,13 @@ constexpr std::array<std::string_view, 1> kTankFlags = {"SELF_SUP"};
 constexpr std::array<std::string_view, 2> kFixedRoofOnly = {"S_LOSS", "W_LOSS"};
 
 void Compute(Session& session, int32_t ID, int32_t MixID, const std::string& Month) {
-  auto mixture = session.ClientDb->OpenTable("mixtures");
-  mixture.SetIndex("IDMIX");
-  mixture.Seek({ID, MixID});
+  auto mixture = session.ClientDb->OpenAt("mixtures", "IDMIX", {ID, MixID});
   const bool monthly = Month != shell::kAnnual;
   if (monthly && !ReadFlag(mixture, Month)) return;
 
-  auto tank_row = session.ClientDb->OpenTable("tank");
-  tank_row.SetIndex("ID");
-  tank_row.Seek({ID});
+  auto tank_row = session.ClientDb->OpenAt("tank", "ID", {ID});
   const Tank tank = ReadTank(tank_row);
-  auto weather = session.ReferenceDb->OpenTable("met");
-  weather.SetIndex("CTYST");
-  weather.Seek({ReadTextOrEmpty(tank_row, "MET CTYST")});
+  auto weather = session.ReferenceDb->OpenAt("met", "CTYST", {ReadTextOrEmpty(tank_row, "MET CTYST")});
   const double annual_ambient_f = ReadNumber(weather, "A_TEMP_DAA");
   const double atmospheric_psia = ReadNumber(weather, "ATMOS_PRS");
   const PeriodData period = ReadPeriod(weather, mixture, Month, tank.net_throughput, Wind::kWith);

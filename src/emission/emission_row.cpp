@@ -5,9 +5,7 @@
 namespace orvex::emission {
 store::RecordSet OpenEmissionRow(shell::Session& session, std::int32_t ID, std::int32_t MixID, std::string_view name,
                                  std::string_view Month, bool primary) {
-  auto row = session.ClientDb->OpenTable("emission");
-  row.SetIndex("COMPID");
-  row.Seek({ID, MixID, name, Month, primary});
+  auto row = session.ClientDb->OpenAt("emission", "COMPID", {ID, MixID, name, Month, primary});
   if (row.NoMatch()) {
     row.AddNew();
   } else {

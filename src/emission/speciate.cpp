@@ -214,12 +214,9 @@ bool HasRemainder(const std::string& speciation, const Totals& totals) {
 }
 
 void Split(Session& session, int32_t ID, int32_t MixID, const std::string& Month) {
-  auto mixtures = session.ClientDb->OpenTable("mixtures");
-  mixtures.SetIndex("IDMIX");
-  mixtures.Seek({ID, MixID});
-  auto primary = session.ClientDb->OpenTable("emission");
-  primary.SetIndex("COMPID");
-  primary.Seek({ID, MixID, ReadTextOrEmpty(mixtures, "MIX NAME"), Month, true});
+  auto mixtures = session.ClientDb->OpenAt("mixtures", "IDMIX", {ID, MixID});
+  auto primary =
+      session.ClientDb->OpenAt("emission", "COMPID", {ID, MixID, ReadTextOrEmpty(mixtures, "MIX NAME"), Month, true});
   if (primary.NoMatch()) return;
   const Mixture mixture = ReadMixture(primary);
   const Totals totals = AddUp(session, ID, MixID);

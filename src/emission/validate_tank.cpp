@@ -68,10 +68,7 @@ bool LacksDeckSeam(Validation& validation, string_view field) {
 }
 
 bool HasNoFittings(Validation& validation, string_view) {
-  auto fittings = validation.session.ClientDb->OpenTable("fittings");
-  fittings.SetIndex("fitid");
-  fittings.Seek({validation.ID});
-  return fittings.NoMatch();
+  return validation.session.ClientDb->OpenAt("fittings", "fitid", {validation.ID}).NoMatch();
 }
 
 /// Completes the record: a field of the tank, stored at once.
@@ -85,9 +82,8 @@ void Complete(Validation& validation, string_view field, Content content) {
 /// A missing secondary seal becomes "None" where the primary one may stand alone.
 bool LacksSecondarySeal(Validation& validation, string_view field) {
   if (!IsBlank(validation, field)) return false;
-  auto seals = validation.session.ReferenceDb->OpenTable("rimseal");
-  seals.SetIndex("primsec");
-  seals.Seek({validation.tank.Get("RIM_PRIM"), kNoSecondarySeal});
+  auto seals =
+      validation.session.ReferenceDb->OpenAt("rimseal", "primsec", {validation.tank.Get("RIM_PRIM"), kNoSecondarySeal});
   if (seals.NoMatch()) return true;
   Complete(validation, field, kNoSecondarySeal);
   return false;

@@ -36,9 +36,7 @@ MixtureTotals SumMixtures(Validation& validation) {
 
 /// Gives the first mixture all twelve months, and each of them its share of the tank's throughput.
 void DistributeThroughput(Validation& validation) {
-  auto mixture = validation.session.ClientDb->OpenTable("mixtures");
-  mixture.SetIndex("IDMIX");
-  mixture.Seek({validation.ID, 1});
+  auto mixture = validation.session.ClientDb->OpenAt("mixtures", "IDMIX", {validation.ID, 1});
   mixture.Edit();
   for (const shell::Month& month : kMonths) {
     mixture.Set(month.name, true);

@@ -44,10 +44,7 @@ double FromChemical(store::RecordSet& chemical, double T) {
 }
 
 store::RecordSet SeekChemical(shell::Session& session, std::string_view name) {
-  auto chemical = session.ReferenceDb->OpenTable("chemical");
-  chemical.SetIndex("chemname");
-  chemical.Seek({name});
-  return chemical;
+  return session.ReferenceDb->OpenAt("chemical", "chemname", {name});
 }
 
 }  // namespace

@@ -102,6 +102,13 @@ RecordSet Database::OpenTable(std::string_view name) {
   return RecordSet(std::make_unique<RecordSet::Impl>(RecordSet::Impl::Kind::kTable, impl_, impl_->GetTable(name)));
 }
 
+RecordSet Database::OpenAt(std::string_view table, std::string_view index, std::initializer_list<Value> key) {
+  RecordSet set = OpenTable(table);
+  set.SetIndex(index);
+  set.Seek(key);
+  return set;
+}
+
 RecordSet Database::OpenMatching(std::string_view table_name, std::string_view index,
                                  std::initializer_list<Value> key) {
   auto table = impl_->GetTable(table_name);

@@ -54,6 +54,9 @@ class Database {
   /// The table as a record set on its first record in the order of the file; error 3011 if there is none.
   RecordSet OpenTable(std::string_view name);
 
+  /// The table with this index, on the first row whose key begins with these values; without one `NoMatch` is true.
+  RecordSet OpenAt(std::string_view table, std::string_view index, std::initializer_list<Value> key);
+
   /// The rows of a table whose index begins with these values, in the order of the file, as a keyed set.
   RecordSet OpenMatching(std::string_view table, std::string_view index, std::initializer_list<Value> key);
 

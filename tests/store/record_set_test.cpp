@@ -158,6 +158,21 @@ TEST_F(RecordSetTest, SeekFindsANullKey) {
   EXPECT_EQ(tanks.Double("DIAMETER"), 7);
 }
 
+TEST_F(RecordSetTest, ATableCanBeOpenedOnTheRowOfAKey) {
+  AddComponent(1, 1, 1, "a");
+  AddComponent(1, 2, 1, "b");
+  auto found = client.OpenAt("components", "IDMIX", {1, 2});
+  EXPECT_FALSE(found.NoMatch());
+  EXPECT_EQ(found.Text("NAME"), "b");
+  found.MovePrevious();
+  EXPECT_EQ(found.Text("NAME"), "a") << "it is the whole table, in the order of the index";
+  auto missed = client.OpenAt("components", "IDMIX", {2});
+  EXPECT_TRUE(missed.NoMatch());
+  EXPECT_RUN_TIME_ERROR(missed.Text("NAME"), ErrorNumber::kNoCurrentRecord);
+  EXPECT_RUN_TIME_ERROR(client.OpenAt("components", "none", {1}), ErrorNumber::kItemNotFound);
+  EXPECT_RUN_TIME_ERROR(client.OpenAt("none", "IDMIX", {1}), ErrorNumber::kObjectNotFound);
+}
+
 TEST_F(RecordSetTest, SeekNeedsATableWithACurrentIndex) {
   AddTank("a");
   auto tanks = client.OpenTable("tank");
