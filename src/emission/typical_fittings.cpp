@@ -5,6 +5,7 @@
 #include <string>
 
 #include "emission/fitting_counts.h"
+#include "emission/routine.h"
 #include "shell/trap.h"
 #include "store/database.h"
 
@@ -14,11 +15,16 @@ namespace {
 /// "*part*" as the fitting names are told apart: anywhere in the text, with regard to case.
 bool Has(std::string_view text, std::string_view part) { return text.find(part) != std::string_view::npos; }
 
-double CountIFRT(store::RecordSet& fitting, std::string_view deck_construction, double diameter_ft) {
+double CountIFRT(shell::Session& session, store::RecordSet& fitting, std::string_view deck_construction,
+                 double diameter_ft) {
   const std::string type = fitting.TextOrEmpty("FIT_TYPE");
   if (Has(type, "Column")) return Columns(diameter_ft);
-  if (Has(type, "Stub Drain")) return StubDrains(diameter_ft, deck_construction);
-  if (Has(type, "Roof Leg")) return LegsIFRT(diameter_ft);
+  if (Has(type, "Stub Drain")) {
+    return Routine(session, "modEmission.StubDrains", [&] { return StubDrains(diameter_ft, deck_construction); });
+  }
+  if (Has(type, "Roof Leg")) {
+    return Routine(session, "modEmission.LegsIFRT", [&] { return LegsIFRT(diameter_ft); });
+  }
   return fitting.DoubleOrZero("QUANTITY");
 }
 
@@ -72,7 +78,7 @@ void TypicalFitIFRT(shell::Session& session, std::int32_t ID, std::string_view d
                  (deck_construction == "Bolted" || fitting.BoolOrFalse("WELD_DECK")) &&
                  (!self_supporting || fitting.BoolOrFalse("SELF_SUP"));
         },
-        [&](store::RecordSet& fitting) { return CountIFRT(fitting, deck_construction, diameter_ft); });
+        [&](store::RecordSet& fitting) { return CountIFRT(session, fitting, deck_construction, diameter_ft); });
   });
 }
 

@@ -216,10 +216,24 @@ TEST(TypicalFitIFRT, AFailureIsReportedAndLeavesTheOldFittings) {
   TestSession test;
   AddInternal(test, "Access Hatch", true, true);
   TypicalFitIFRT(test.session, kTank, "Bolted", false, 90);
-  AddInternal(test, "Stub Drain", true, true);
-  test.host.ExpectError(6, "modEmission.TypicalFitIFRT");
-  TypicalFitIFRT(test.session, kTank, "Bolted", false, 1e9);
+  test.reference().DeleteTable("fitting");
+  test.host.ExpectError(3011, "modEmission.TypicalFitIFRT");
+  TypicalFitIFRT(test.session, kTank, "Bolted", false, 90);
   EXPECT_EQ(FittingsOf(test, kTank), (std::vector<Fitting>{{1, "Access Hatch", "Cover", 1}}));
+}
+
+TEST(TypicalFitIFRT, ACountThatFailsIsReportedByItsOwnRoutineAndLeavesThatRowOut) {
+  // A thousand million feet squared call for more drains and legs than a Long can count.
+  TestSession test;
+  AddInternal(test, "Access Hatch", true, true);
+  AddInternal(test, "Stub Drain", true, true);
+  AddInternal(test, "Roof Leg", true, true);
+  AddInternal(test, "Column Well", true, true);
+  test.host.ExpectError(6, "modEmission.StubDrains");
+  test.host.ExpectError(6, "modEmission.LegsIFRT");
+  TypicalFitIFRT(test.session, kTank, "Bolted", false, 1e9);
+  EXPECT_EQ(FittingsOf(test, kTank),
+            (std::vector<Fitting>{{1, "Access Hatch", "Cover", 1}, {2, "Column Well", "Cover", 81}}));
 }
 
 TEST(TypicalFitEFRT, ADoubleDeckWithAMechanicalShoeTakesAllTypicalRows) {
