@@ -1,6 +1,7 @@
 #include "databases/sample_rows.h"
 
 #include <algorithm>
+#include <span>
 
 #include "databases/rules.h"
 #include "shell/tank_types.h"
@@ -10,32 +11,42 @@ namespace {
 
 struct WordList {
   std::string_view field;
-  std::vector<std::string_view> words;
+  std::span<const std::string_view> words;
 };
 
-const std::vector<std::string_view> kColors = {"White/White", "Aluminum/Specular", "Aluminum/Diffuse",
-                                               "Gray/Light",  "Gray/Medium",       "Red/Primer"};
-
-const WordList kTankWords[] = {
-    {"TANK_TYPE",
-     {shell::kVerticalFixedRoof, shell::kHorizontal, shell::kInternalFloatingRoof, shell::kExternalFloatingRoof,
-      shell::kDomedExternalFloatingRoof}},
+constexpr std::string_view kTankTypes[] = {shell::kVerticalFixedRoof, shell::kHorizontal, shell::kInternalFloatingRoof,
+                                           shell::kExternalFloatingRoof, shell::kDomedExternalFloatingRoof};
+constexpr std::string_view kColors[] = {"White/White", "Aluminum/Specular", "Aluminum/Diffuse",
+                                        "Gray/Light",  "Gray/Medium",       "Red/Primer"};
+constexpr std::string_view kPaintConditions[] = {"Good", "Poor"};
+constexpr std::string_view kShellConditions[] = {"Light Rust", "Dense Rust", "Gunite Lining"};
+constexpr std::string_view kRoofTypes[] = {"Cone", "Dome", "Pontoon", "Double Deck"};
+constexpr std::string_view kFittingCategories[] = {"Typical", "Detail"};
+constexpr std::string_view kDeckTypes[] = {"Bolted", "Welded"};
+constexpr std::string_view kDeckConstructions[] = {"Sheet", "Panel"};
+constexpr std::string_view kShellConstructions[] = {"Welded", "Riveted"};
+constexpr WordList kTankWords[] = {
+    {"TANK_TYPE", kTankTypes},
     {"SHL COLSHD", kColors},
     {"RF_COLSHD", kColors},
-    {"PT_COND", {"Good", "Poor"}},
-    {"RF_COND", {"Good", "Poor"}},
-    {"SHL_COND", {"Light Rust", "Dense Rust", "Gunite Lining"}},
-    {"RF_TYPE", {"Cone", "Dome", "Pontoon", "Double Deck"}},
-    {"FITTING", {"Typical", "Detail"}},
-    {"DECK_TYPE", {"Bolted", "Welded"}},
-    {"DECK_CONSTRUCT", {"Sheet", "Panel"}},
-    {"TANK_CONSTRUCT", {"Welded", "Riveted"}},
+    {"PT_COND", kPaintConditions},
+    {"RF_COND", kPaintConditions},
+    {"SHL_COND", kShellConditions},
+    {"RF_TYPE", kRoofTypes},
+    {"FITTING", kFittingCategories},
+    {"DECK_TYPE", kDeckTypes},
+    {"DECK_CONSTRUCT", kDeckConstructions},
+    {"TANK_CONSTRUCT", kShellConstructions},
 };
-const WordList kMixtureWords[] = {
-    {"C_CATEGORY", {shell::kOrganicLiquids, shell::kPetroleumDistillates, shell::kCrudeOils}},
-    {"COMPONENT", {shell::kSingle, shell::kMultiple}},
-    {"SPEC_OPT",
-     {shell::kFullSpeciation, shell::kPartialSpeciation, shell::kVaporWeightSpeciation, shell::kNoSpeciation}},
+
+constexpr std::string_view kCategories[] = {shell::kOrganicLiquids, shell::kPetroleumDistillates, shell::kCrudeOils};
+constexpr std::string_view kComponentChoices[] = {shell::kSingle, shell::kMultiple};
+constexpr std::string_view kSpeciations[] = {shell::kFullSpeciation, shell::kPartialSpeciation,
+                                             shell::kVaporWeightSpeciation, shell::kNoSpeciation};
+constexpr WordList kMixtureWords[] = {
+    {"C_CATEGORY", kCategories},
+    {"COMPONENT", kComponentChoices},
+    {"SPEC_OPT", kSpeciations},
 };
 
 /// A field that a tank needs not have may be null; otherwise it holds one of its words.
