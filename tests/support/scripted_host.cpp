@@ -6,6 +6,25 @@
 #include "store/run_time_error.h"
 
 namespace orvex::test {
+namespace {
+
+bool HasButton(shell::Buttons buttons, shell::Answer answer) {
+  using shell::Answer;
+  using shell::Buttons;
+  const bool yes_no = buttons == Buttons::kYesNo || buttons == Buttons::kYesNoCancel;
+  switch (answer) {
+    case Answer::kOk:
+      return !yes_no;
+    case Answer::kCancel:
+      return buttons == Buttons::kOkCancel || buttons == Buttons::kYesNoCancel;
+    case Answer::kYes:
+    case Answer::kNo:
+      return yes_no;
+  }
+  return false;
+}
+
+}  // namespace
 
 ScriptedHost::~ScriptedHost() {
   for (const auto& missing : expected_)
@@ -15,15 +34,20 @@ ScriptedHost::~ScriptedHost() {
 }
 
 void ScriptedHost::ExpectMessage(std::string text, shell::Answer answer) {
-  expected_.push_back({std::move(text), "", answer});
+  expected_.push_back({std::move(text), "", std::nullopt, answer});
+}
+
+void ScriptedHost::ExpectMessage(std::string text, std::string title, shell::Buttons buttons, shell::Icon icon,
+                                 shell::Answer answer) {
+  expected_.push_back({std::move(text), "", Look{std::move(title), buttons, icon}, answer});
 }
 
 void ScriptedHost::ExpectError(int number, std::string routine) {
-  expected_.push_back({"", fmt::format("\r\nNumber: {}\r\n in {}", number, routine), shell::Answer::kOk});
+  expected_.push_back({"", fmt::format("\r\nNumber: {}\r\n in {}", number, routine), std::nullopt, shell::Answer::kOk});
 }
 
-shell::Answer ScriptedHost::ShowMessage(const std::string& text, const std::string& title, shell::Buttons,
-                                        shell::Icon) {
+shell::Answer ScriptedHost::ShowMessage(const std::string& text, const std::string& title, shell::Buttons buttons,
+                                        shell::Icon icon) {
   messages.push_back(text);
   titles.push_back(title);
   if (expected_.empty()) {
@@ -37,6 +61,12 @@ shell::Answer ScriptedHost::ShowMessage(const std::string& text, const std::stri
   } else {
     EXPECT_TRUE(text.ends_with(next.ending)) << text << "\nshould end with" << next.ending;
   }
+  if (next.look) {
+    EXPECT_EQ(title, next.look->title) << "of the prompt: " << text;
+    EXPECT_EQ(buttons, next.look->buttons) << "of the prompt: " << text;
+    EXPECT_EQ(icon, next.look->icon) << "of the prompt: " << text;
+  }
+  EXPECT_TRUE(HasButton(buttons, next.answer)) << "no button gives the answer to the prompt: " << text;
   return next.answer;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -17,6 +18,9 @@ class ScriptedHost : public shell::Host {
 
   /// The next message box must carry exactly this text, and is answered so.
   void ExpectMessage(std::string text, shell::Answer answer = shell::Answer::kOk);
+  /// The same for its title, buttons and icon, too.
+  void ExpectMessage(std::string text, std::string title, shell::Buttons buttons, shell::Icon icon,
+                     shell::Answer answer = shell::Answer::kOk);
   /// The next error report must carry this number and routine; its description is free.
   void ExpectError(int number, std::string routine);
   /// The next file dialog gives this path, or is cancelled when it is empty.
@@ -41,9 +45,16 @@ class ScriptedHost : public shell::Host {
   int beeps = 0;
 
  private:
+  /// How a message box looks besides its text.
+  struct Look {
+    std::string title;
+    shell::Buttons buttons;
+    shell::Icon icon;
+  };
   struct Expected {
-    std::string text;    ///< whole text, or
-    std::string ending;  ///< how the text ends
+    std::string text;          ///< whole text, or
+    std::string ending;        ///< how the text ends
+    std::optional<Look> look;  ///< any, when it was not said
     shell::Answer answer;
   };
   std::string NextFile();
