@@ -118,6 +118,7 @@ std::string FormatScientific(double value) {
   return text + digits;
 }
 
+double RoundTwoDecimals(double value) { return Parse(Fixed(value, 2, false)); }
 double RoundFourDecimals(double value) { return Parse(Fixed(value, 4, false)); }
 double RoundSixDecimals(double value) { return Parse(Fixed(value, 6, false)); }
 double RoundScientific(double value) { return Parse(FormatScientific(value)); }

@@ -21,6 +21,7 @@ std::string FormatScientific(double value);
 
 // A value taken through a display format and back: the rounding that stored and compared values get. Error 6 for a
 // number so great that it is rounded beyond the range.
+double RoundTwoDecimals(double value);
 double RoundFourDecimals(double value);
 double RoundSixDecimals(double value);
 double RoundScientific(double value);
