@@ -39,6 +39,10 @@ Losses ReadLosses(store::RecordSet& rows, const LossFields& fields) {
           rows.DoubleOrZero(fields.deck_fitting), rows.DoubleOrZero(fields.deck_seam)};
 }
 
+EmissionLine ReadLine(store::RecordSet& rows, const LossFields& fields) {
+  return {rows.BoolOrFalse("PRIMARY"), rows.TextOrEmpty("NAME"), ReadLosses(rows, fields)};
+}
+
 EmissionLines ReadLines(store::Database& client, std::string_view query, const LossFields& fields,
                         const std::unordered_set<std::int32_t>& tanks) {
   EmissionLines lines;
@@ -47,7 +51,7 @@ EmissionLines ReadLines(store::Database& client, std::string_view query, const L
   for (; !rows.AtEnd(); rows.MoveNext()) {
     const auto id = rows.LongOrZero("ID");
     if (!tanks.contains(id)) continue;
-    lines[id].push_back({rows.BoolOrFalse("PRIMARY"), rows.TextOrEmpty("NAME"), ReadLosses(rows, fields)});
+    lines[id].push_back(ReadLine(rows, fields));
   }
   return lines;
 }
@@ -60,6 +64,13 @@ EmissionLines StoredLines(store::Database& client, const std::unordered_set<std:
 
 EmissionLines SummedLines(store::Database& client, const std::unordered_set<std::int32_t>& tanks) {
   return ReadLines(client, kSummedQuery, kSummedFields, tanks);
+}
+
+std::vector<EmissionLine> LinesInStoredOrder(store::Database& client, std::int32_t tank) {
+  std::vector<EmissionLine> lines;
+  for (auto rows = client.OpenMatching("emission", "COMPID", {tank}); !rows.AtEnd(); rows.MoveNext())
+    lines.push_back(ReadLine(rows, kStoredFields));
+  return lines;
 }
 
 std::vector<TankLosses> LossesByTank(store::Database& client) {

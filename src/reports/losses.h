@@ -45,6 +45,9 @@ EmissionLines StoredLines(store::Database& client, const std::unordered_set<std:
 /// The rows of these tanks summed over the months that are there, one line a mixture and name.
 EmissionLines SummedLines(store::Database& client, const std::unordered_set<std::int32_t>& tanks);
 
+/// The stored rows of one tank as lines, in the order of the file.
+std::vector<EmissionLine> LinesInStoredOrder(store::Database& client, std::int32_t tank);
+
 /// One tank's losses over all mixtures and periods; components are not counted beside their mixture.
 struct TankLosses {
   std::int32_t id = 0;

@@ -7,13 +7,13 @@ namespace {
 
 constexpr std::string_view kNoBreakSpace = "\u00A0";
 
+}  // namespace
+
 std::string_view Trim(std::string_view text) {
   const auto first = text.find_first_not_of(' ');
   if (first == std::string_view::npos) return {};
   return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
-
-}  // namespace
 
 std::string NoBreakSpaces(int count) {
   std::string text;
