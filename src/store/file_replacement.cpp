@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <system_error>
 #include <utility>
 
@@ -22,6 +23,16 @@ void FlushFolder(const std::filesystem::path& folder) {
   if (descriptor < 0) return;
   fsync(descriptor);
   close(descriptor);
+}
+
+/// Renames a file unless something has the new name; 0 or the number of the error.
+int RenameAsNew(const std::filesystem::path& from, const std::filesystem::path& to) {
+  if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
+  // Some file systems cannot rename so. A second name never takes a place, either.
+  if (errno != EINVAL && errno != ENOSYS) return errno;
+  if (link(from.c_str(), to.c_str()) != 0) return errno;
+  unlink(from.c_str());
+  return 0;
 }
 
 }  // namespace
@@ -58,6 +69,20 @@ void FileReplacement::Commit() {
   Flush();
   if (fsync(file_) != 0) Fail(errno);
   if (rename(beside_.c_str(), path_.c_str()) != 0) Fail(errno);
+  Finish();
+}
+
+bool FileReplacement::CommitAsNew() {
+  Flush();
+  if (fsync(file_) != 0) Fail(errno);
+  const int error = RenameAsNew(beside_, path_);
+  if (error == EEXIST) return false;
+  if (error != 0) Fail(error);
+  Finish();
+  return true;
+}
+
+void FileReplacement::Finish() {
   close(std::exchange(file_, -1));
   FlushFolder(path_.has_parent_path() ? path_.parent_path() : std::filesystem::path("."));
 }

@@ -19,8 +19,13 @@ class FileReplacement {
   void Write(std::string_view content);
   void Commit();
 
+  /// Takes the place only if nothing has the name, not even a link that leads nowhere; false if something has it. Of
+  /// several programs that try at once one succeeds.
+  [[nodiscard]] bool CommitAsNew();
+
  private:
   void Flush();
+  void Finish();
   [[noreturn]] void Fail(int cause) const;
 
   std::filesystem::path path_;

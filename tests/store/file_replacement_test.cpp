@@ -47,6 +47,35 @@ TEST(FileReplacement, LeavesNothingBehindWhenItIsGivenUp) {
   EXPECT_EQ(EntryCount(folder.Path()), 1);
 }
 
+TEST(FileReplacement, AsNewItTakesAFreePlace) {
+  const TemporaryFolder folder;
+  FileReplacement file(folder.Path() / "new.txt");
+  file.Write("content");
+  EXPECT_TRUE(file.CommitAsNew());
+  EXPECT_EQ(FileContent(folder.Path() / "new.txt"), "content");
+  EXPECT_EQ(EntryCount(folder.Path()), 1);
+}
+
+TEST(FileReplacement, AsNewItLeavesWhateverHasTheName) {
+  const TemporaryFolder folder;
+  const auto file = folder.Path() / "file", empty = folder.Path() / "empty", taken = folder.Path() / "folder",
+             nowhere = folder.Path() / "link";
+  test::WriteFile(file, "old");
+  test::WriteFile(empty, "");
+  std::filesystem::create_directory(taken);
+  std::filesystem::create_symlink("missing", nowhere);
+  for (const auto& path : {file, empty, taken, nowhere}) {
+    FileReplacement replacement(path);
+    replacement.Write("new");
+    EXPECT_FALSE(replacement.CommitAsNew()) << path;
+  }
+  EXPECT_EQ(FileContent(file), "old");
+  EXPECT_EQ(FileContent(empty), "");
+  EXPECT_TRUE(std::filesystem::is_directory(taken));
+  EXPECT_EQ(std::filesystem::read_symlink(nowhere), "missing");
+  EXPECT_EQ(EntryCount(folder.Path()), 4);
+}
+
 TEST(FileReplacement, TwoOfThemOnOneFileDoNotMix) {
   const TemporaryFolder folder;
   const auto path = folder.Path() / "shared.txt";
