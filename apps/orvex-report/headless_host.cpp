@@ -5,7 +5,6 @@
 #include <ostream>
 
 #include "orvex-report/terminal_text.h"
-#include "shell/trap.h"
 #include "store/run_time_error.h"
 
 namespace orvex::report_app {
@@ -40,7 +39,6 @@ HeadlessHost::~HeadlessHost() { ClearProgress(); }
 shell::Answer HeadlessHost::ShowMessage(const std::string& text, const std::string&, shell::Buttons buttons,
                                         shell::Icon) {
   ClearProgress();
-  if (text.starts_with(shell::kErrorReportHead)) failure_reported_ = true;
   messages_ << "orvex-report:\n" << PrintableLines(text);
   switch (buttons) {
     case shell::Buttons::kOk:
@@ -52,6 +50,7 @@ shell::Answer HeadlessHost::ShowMessage(const std::string& text, const std::stri
   }
 }
 
+void HeadlessHost::NoteFailure(const store::RunTimeError&) { failure_reported_ = true; }
 std::string HeadlessHost::OpenFile(const shell::FileRequest&) { CancelDialog(); }
 std::string HeadlessHost::SaveFile(const shell::FileRequest&) { CancelDialog(); }
 void HeadlessHost::SetStatusText(const std::string&) {}

@@ -26,13 +26,14 @@ class HeadlessHost : public shell::Host {
   /// What the print window does when a run opens it.
   void OnPrintWindow(std::function<void()> action) { print_window_ = std::move(action); }
 
-  /// An error report was shown.
+  /// A routine caught a failure, and an error report was shown.
   [[nodiscard]] bool FailureReported() const { return failure_reported_; }
   /// The pages that a browser would have been opened on.
   [[nodiscard]] const std::vector<std::string>& Pages() const { return pages_; }
 
   shell::Answer ShowMessage(const std::string& text, const std::string& title, shell::Buttons buttons,
                             shell::Icon icon) override;
+  void NoteFailure(const store::RunTimeError& error) override;
   std::string OpenFile(const shell::FileRequest& request) override;
   std::string SaveFile(const shell::FileRequest& request) override;
   void SetStatusText(const std::string& text) override;

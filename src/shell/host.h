@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "store/run_time_error.h"
+
 namespace orvex::shell {
 
 enum class Buttons : std::uint8_t { kOk, kOkCancel, kYesNo, kYesNoCancel };
@@ -27,6 +29,8 @@ class Host {
   virtual ~Host() = default;
 
   virtual Answer ShowMessage(const std::string& text, const std::string& title, Buttons buttons, Icon icon) = 0;
+  /// A routine caught a failure; its message box comes next. A program whose messages nobody reads needs to know.
+  virtual void NoteFailure(const store::RunTimeError&) {}
   /// Path chosen; throws error 32755 when the dialog was cancelled.
   virtual std::string OpenFile(const FileRequest& request) = 0;
   virtual std::string SaveFile(const FileRequest& request) = 0;

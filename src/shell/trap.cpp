@@ -11,10 +11,11 @@ namespace orvex::shell {
 using store::ErrorNumber;
 
 void ErrorMessage(Session& session, std::string_view routine, const store::RunTimeError& error) {
+  session.host.NoteFailure(error);
   session.host.SetPointer(Pointer::kDefault);
   session.host.Beep();
-  session.host.ShowMessage(fmt::format("{}\r\n\r\n{}\r\nNumber: {}\r\n in {}", kErrorReportHead, error.Description(),
-                                       static_cast<int>(error.Number()), routine),
+  session.host.ShowMessage(fmt::format("The following Error occurred:\r\n\r\n{}\r\nNumber: {}\r\n in {}",
+                                       error.Description(), static_cast<int>(error.Number()), routine),
                            std::string(kApplicationTitle), Buttons::kOk, Icon::kNone);
   SetStatus(session.host, "", false);
 }

@@ -15,10 +15,7 @@
 /// Other exceptions (`Interrupted`, out of memory) are no failures of a routine and pass through.
 namespace orvex::shell {
 
-/// How the message box of every error report begins, and no other.
-inline constexpr std::string_view kErrorReportHead = "The following Error occurred:";
-
-/// Tells the person about a failure in a routine: default pointer, beep, a message box, an empty status.
+/// Tells the host and the person about a failure in a routine: default pointer, beep, a message box, an empty status.
 void ErrorMessage(Session& session, std::string_view routine, const store::RunTimeError& error);
 
 /// Does what a routine's trap does with a failure that reached it.

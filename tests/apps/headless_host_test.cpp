@@ -28,8 +28,8 @@ TEST(HeadlessHost, PrintsAnErrorReportAndRemembersIt) {
 TEST(HeadlessHost, OtherMessagesAreNoFailures) {
   std::ostringstream messages;
   HeadlessHost host(messages, {});
-  host.ShowMessage("Look here.", "", shell::Buttons::kOk, shell::Icon::kNone);
-  EXPECT_EQ(messages.str(), "orvex-report:\n  Look here.\n");
+  host.ShowMessage("The following Error occurred: none.", "", shell::Buttons::kOk, shell::Icon::kNone);
+  EXPECT_EQ(messages.str(), "orvex-report:\n  The following Error occurred: none.\n");
   EXPECT_FALSE(host.FailureReported());
 }
 

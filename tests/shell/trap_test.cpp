@@ -4,6 +4,7 @@
 
 #include <new>
 #include <string>
+#include <vector>
 
 #include "shell/status.h"
 #include "support/test_databases.h"
@@ -51,6 +52,27 @@ TEST_F(Trap, AFailureIsToldWithItsNumberAndRoutineAndGivesTheFallback) {
   EXPECT_EQ(host_.pointers, std::vector{Pointer::kDefault});
   EXPECT_EQ(host_.beeps, 1);
   EXPECT_EQ(host_.status, std::vector<std::string>{"Ready"});
+}
+
+/// Hears of failures before their message boxes.
+class ListeningHost : public test::ScriptedHost {
+ public:
+  void NoteFailure(const RunTimeError& error) override {
+    EXPECT_EQ(messages.size(), noted.size());
+    noted.push_back(error.Number());
+  }
+  std::vector<ErrorNumber> noted;
+};
+
+TEST(TrapHost, IsToldOfEachFailureThatIsReportedAndOfNoOther) {
+  ListeningHost host;
+  Session session(host);
+  host.ExpectError(11, "General.Routine");
+  host.ExpectError(6, "General.Routine");
+  for (const auto number : {ErrorNumber::kDivisionByZero, ErrorNumber::kNoCurrentRecord, ErrorNumber::kDialogCancelled,
+                            ErrorNumber::kOverflow})
+    Trapped(session, "General.Routine", [&] { Throw(number); });
+  EXPECT_EQ(host.noted, (std::vector{ErrorNumber::kDivisionByZero, ErrorNumber::kOverflow}));
 }
 
 TEST_F(Trap, ABracedDescriptionIsToldAsItStands) {
