@@ -4,11 +4,11 @@
 
 #include <algorithm>
 
-#include "store/file_size_limit.h"
 #include "store/raw_file.h"
 #include "store/run_time_error.h"
 #include "support/expect_error.h"
 #include "support/file_content.h"
+#include "support/file_size_limit.h"
 #include "support/test_databases.h"
 
 namespace orvex::store {

@@ -106,6 +106,12 @@ ErrorNumber NumberOf(Action action) {
 
 TEST(FieldTable, ClientTablesHoldTheirFieldsInOrder) { ExpectTables(ClientTables(), kClient); }
 
+TEST(FieldTable, AReferenceDatabaseIsKnownByAllItsTablesButTheImportLog) {
+  std::string names;
+  for (const auto& table : TestedReferenceTables()) names += std::string(table.name) + ";";
+  EXPECT_EQ(names, "chemical;deckseam;fitting;met;profile names;profile components;rimseal;");
+}
+
 TEST(FieldTable, ReferenceTablesHoldTheirFieldsInOrder) { ExpectTables(ReferenceTables(), kReference); }
 
 TEST(FieldTable, CasOfEmissionStandsAtPositionFive) { EXPECT_EQ(FindTable("emission").fields[5].name, "CAS"); }
