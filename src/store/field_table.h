@@ -38,6 +38,9 @@ std::span<const TableInfo> ClientTables();
 /// The tables of a reference database, in the order in which a file is tested, then the import log.
 std::span<const TableInfo> ReferenceTables();
 
+/// Those whose presence makes a file a reference database: all but the import log.
+std::span<const TableInfo> TestedReferenceTables();
+
 /// The named table of either database, names compared without regard to case; error 3011 if there is none.
 const TableInfo& FindTable(std::string_view name);
 

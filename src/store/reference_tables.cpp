@@ -167,4 +167,6 @@ constexpr TableInfo kTables[] = {
 
 std::span<const TableInfo> ReferenceTables() { return kTables; }
 
+std::span<const TableInfo> TestedReferenceTables() { return ReferenceTables().first(std::size(kTables) - 1); }
+
 }  // namespace orvex::store
