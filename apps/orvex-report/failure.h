@@ -9,7 +9,7 @@ enum ExitStatus : int {
   kDone = 0,
   kDataFaults = 2,       ///< validation or calculation stopped on faults of the data
   kWrongUse = 64,        ///< an option, month or tank that is not known
-  kCannotOpen = 66,      ///< a file cannot be opened
+  kCannotOpen = 66,      ///< a file cannot be opened, or a part of the program is not there
   kRunTimeFailure = 70,  ///< a run-time failure was reported, or an output could not be written to its end
   kInterrupted = 130,    ///< stopped by the person
 };

@@ -23,21 +23,23 @@ constexpr const char* kFooter =
     "\nUSER IDs are matched without regard to case; one that holds a comma or a quote is quoted as in a CSV file: "
     "--tanks '\"T-1, north\",T-2'.\n"
     "\nExit status: 0 done; 2 stopped on faults of the data, which are listed; 64 wrong use; 66 a file cannot be "
-    "opened; 70 a run-time failure was reported, or an output could not be written to its end; 130 stopped by Ctrl-C.";
+    "opened or a part of the program is not there; 70 a run-time failure was reported, or an output could not be "
+    "written to its end; 130 stopped by Ctrl-C.";
 
-struct KindName {
-  std::string_view name;
-  Kind kind;
-};
-
-constexpr KindName kKinds[] = {{"brief", Kind::kBrief}, {"summary", Kind::kSummary}, {"detail", Kind::kDetail}};
+constexpr std::string_view kPapers[] = {"letter", "a4"};
 
 [[noreturn]] void WrongUse(std::string description) { throw Failure{kWrongUse, std::move(description)}; }
 
 Kind ParseKind(const std::string& text) {
-  for (const auto& [name, kind] : kKinds)
-    if (store::LowerCase(text) == name) return kind;
+  for (const auto& kind : ReportKinds())
+    if (store::LowerCase(text) == kind.option) return kind.kind;
   WrongUse(fmt::format("--kind: unknown kind of report '{}'; use brief, summary or detail", TerminalText(text)));
+}
+
+std::string ParsePaper(const std::string& text) {
+  for (const auto paper : kPapers)
+    if (store::LowerCase(text) == paper) return std::string(paper);
+  WrongUse(fmt::format("--paper: unknown paper '{}'; use letter or a4", TerminalText(text)));
 }
 
 /// A full month name or its first three letters.
@@ -65,6 +67,7 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
   Options options;
   std::vector<std::string> months;
   std::string kind = "brief";
+  std::string paper = "letter";
   CLI::App app(kDescription, "orvex-report");
   app.footer(kFooter);
   app.set_help_flag("-h,--help", "Print this help and end");
@@ -82,14 +85,23 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
                       ->allow_extra_args(false)
                       ->excludes(annual);
   app.add_option("--kind", kind, "Kind of report: brief, summary or detail")->type_name("KIND")->capture_default_str();
-  app.add_option("--out", options.out, "Folder for the report, made if it is missing")
+  app.add_option("--out", options.out,
+                 "Folder for the report and the page that shows it, made if it is missing; report and display files of "
+                 "an earlier run are replaced")
       ->type_name("DIR")
       ->capture_default_str();
   auto* csv = app.add_option("--csv", options.csv, "Also write the emission rows of the tanks to a CSV file");
   csv->type_name("FILE");
+  auto* pdf =
+      app.add_option("--pdf", options.pdf, "Also print the report, in landscape, to a PDF file")->type_name("FILE");
+  app.add_option("--paper", paper, "Paper of the PDF: letter or a4")
+      ->type_name("PAPER")
+      ->capture_default_str()
+      ->needs(pdf);
   auto* quiet = app.add_flag("--quiet", options.quiet, "Print nothing but errors");
   app.add_flag("--list", options.list, "Print the tanks with their types and compute nothing")
       ->excludes(csv)
+      ->excludes(pdf)
       ->excludes(quiet);
   try {
     app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
@@ -103,6 +115,7 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
     WrongUse(TerminalText(error.what()));
   }
   options.kind = ParseKind(kind);
+  options.paper = ParsePaper(paper);
   options.monthly = monthly->count() > 0;
   if (options.monthly) options.months = ParseMonths(months);
   if (!options.list && !options.monthly && !whole_year)

@@ -1,14 +1,13 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
 
-namespace orvex::report_app {
+#include "orvex-report/report_kind.h"
 
-enum class Kind : std::uint8_t { kBrief, kSummary, kDetail };
+namespace orvex::report_app {
 
 /// What the command line asks for.
 struct Options {
@@ -20,6 +19,8 @@ struct Options {
   Kind kind = Kind::kBrief;
   std::filesystem::path out = ".";
   std::filesystem::path csv;  ///< empty: none is written
+  std::filesystem::path pdf;  ///< empty: none is made
+  std::string paper;          ///< of the PDF: "letter" or "a4"
   bool list = false;
   bool quiet = false;
   std::string text;  ///< of `--help` and `--version`: printed, and nothing else is done

@@ -4,7 +4,6 @@
 
 #include <exception>
 #include <ostream>
-#include <system_error>
 
 #include "emission/run_report.h"
 #include "orvex-report/csv_export.h"
@@ -13,14 +12,15 @@
 #include "orvex-report/failure.h"
 #include "orvex-report/headless_host.h"
 #include "orvex-report/options.h"
+#include "orvex-report/outputs.h"
+#include "orvex-report/pdf.h"
+#include "orvex-report/report_kind.h"
 #include "orvex-report/tank_choice.h"
 #include "orvex-report/tank_table.h"
 #include "orvex-report/terminal_text.h"
-#include "reports/brief_report.h"
 #include "reports/report_text.h"
 #include "shell/periods.h"
 #include "shell/session.h"
-#include "store/file_replacement.h"
 #include "store/run_time_error.h"
 
 namespace orvex::report_app {
@@ -33,46 +33,8 @@ enum class Ending { kNone, kReport, kDataFaults };
 
 std::string Name(const fs::path& path) { return TerminalText(path.string()); }
 
-/// An output that would replace one of the databases is surely a mistake.
-void CheckNotADatabase(const fs::path& output, const shell::Session& session) {
-  for (const auto* database : {session.ClientDb.get(), session.ReferenceDb.get()}) {
-    std::error_code not_there;
-    if (fs::equivalent(output, database->Path(), not_there))
-      throw Failure{kWrongUse, fmt::format("'{}' is a database in use and would be overwritten", Name(output))};
-  }
-}
-
-/// Opens an output beside the file that it will replace, and gives it up again.
-void TryToOpen(std::string_view option, const fs::path& output) {
-  try {
-    const store::FileReplacement trial(output);
-  } catch (const store::RunTimeError& error) {
-    throw Failure{kCannotOpen, fmt::format("{}: {}", option, TerminalText(error.Description()))};
-  }
-}
-
-/// Makes the output folder and tries the outputs, before a long run rather than after it.
-void PrepareOutput(const Options& options, const shell::Session& session) {
-  std::error_code error;
-  fs::create_directories(options.out, error);
-  std::error_code not_there;
-  if (!fs::is_directory(options.out, not_there))
-    throw Failure{kCannotOpen, fmt::format("--out: cannot make the folder '{}': {}", Name(options.out),
-                                           error ? error.message() : "a file has this name")};
-  const auto report = options.out / reports::kBriefData;
-  CheckNotADatabase(report, session);
-  TryToOpen("--out", report);
-  if (options.csv.empty()) return;
-  CheckNotADatabase(options.csv, session);
-  if (fs::weakly_canonical(options.csv, error) == fs::weakly_canonical(report, error))
-    throw Failure{kWrongUse, fmt::format("--csv: '{}' is the report's own file", Name(options.csv))};
-  if (fs::is_directory(options.csv, not_there))
-    throw Failure{kCannotOpen, fmt::format("--csv: '{}' is a folder", Name(options.csv))};
-  TryToOpen("--csv", options.csv);
-}
-
 void SelectReport(const Options& options, const std::vector<ChosenTank>& tanks, shell::Session& session) {
-  session.ReportType = "Brief";
+  session.ReportType = FindKind(options.kind).type;
   session.ReportTime = options.monthly ? shell::kMonthly : shell::kAnnual;
   session.MonthSelected = options.months;
   for (const auto& tank : tanks) session.TankList.push_back(tank.user_id);
@@ -80,14 +42,23 @@ void SelectReport(const Options& options, const std::vector<ChosenTank>& tanks, 
 }
 
 /// Runs the calculation and, when it gets through, the report.
-Ending Compute(shell::Session& session, HeadlessHost& host) {
+Ending Compute(const ReportKind& kind, shell::Session& session, HeadlessHost& host) {
   Ending ending = Ending::kNone;
   host.OnPrintWindow([&] {
     ending = session.PrintMode == "Error" ? Ending::kDataFaults : Ending::kReport;
-    if (ending == Ending::kReport) reports::BriefReport(session);
+    if (ending == Ending::kReport) kind.write(session);
   });
   emission::RunReport(session);
   return ending;
+}
+
+/// Tells where the files are.
+void PrintFiles(const Options& options, const Outputs& outputs, bool written, std::ostream& out) {
+  out << '\n';
+  if (written) out << fmt::format("Report: {}\n", Name(outputs.data));
+  if (written && !outputs.page.empty()) out << fmt::format("Display page: {}\n", Name(outputs.page));
+  if (!options.csv.empty()) out << fmt::format("Emission rows: {}\n", Name(options.csv));
+  out.flush();
 }
 
 int Report(const Options& options, const Surroundings& around) {
@@ -97,11 +68,11 @@ int Report(const Options& options, const Surroundings& around) {
   session.ClientDb = OpenClient(options.client, true);
   session.ReferenceDb = OpenReference(options.reference, around.program);
   const auto tanks = ChooseTanks(*session.ClientDb, options.tanks, around.err);
-  PrepareOutput(options, session);
+  const auto outputs = PrepareOutputs(options, session, around);
   SelectReport(options, tanks, session);
   Ending ending = Ending::kNone;
   try {
-    ending = Compute(session, host);
+    ending = Compute(FindKind(options.kind), session, host);
   } catch (const shell::Interrupted&) {
     throw Failure{kInterrupted, fmt::format("Stopped; the client database '{}' is unchanged", Name(options.client))};
   }
@@ -110,10 +81,15 @@ int Report(const Options& options, const Surroundings& around) {
   if (ending == Ending::kNone) throw Failure{kRunTimeFailure, "the run ended without a report"};
   if (stopped) return host.FailureReported() ? kRunTimeFailure : kDataFaults;
   if (!options.csv.empty()) WriteEmissionCsv(*session.ClientDb, tanks, options.csv);
+  const bool written = !host.Pages().empty();
   if (!options.quiet) {
     PrintLossTable(*session.ClientDb, tanks, reports::PeriodText(session), around.out);
-    if (!host.Pages().empty()) around.out << fmt::format("\nReport: {}\n", Name(options.out / reports::kBriefData));
-    if (!options.csv.empty()) around.out << fmt::format("Emission rows: {}\n", Name(options.csv));
+    PrintFiles(options, outputs, written, around.out);
+  }
+  // A report that was not written may have left an older one in its place, which must not be taken for it.
+  if (!options.pdf.empty() && written) {
+    WritePdf({.page = outputs.page, .file = options.pdf, .paper = options.paper}, around);
+    if (!options.quiet) around.out << fmt::format("PDF: {}\n", Name(options.pdf));
   }
   if (host.FailureReported()) throw Failure{kRunTimeFailure, "run-time failures were reported: figures may be missing"};
   return kDone;
@@ -130,8 +106,6 @@ int Perform(const std::vector<std::string>& arguments, const Surroundings& aroun
     PrintTankList(ChooseTanks(*client, options.tanks, around.err), around.out);
     return kDone;
   }
-  if (options.kind != Kind::kBrief)
-    throw Failure{kWrongUse, "--kind: Summary and Detail reports are not available in this version yet; use brief"};
   return Report(options, around);
 }
 

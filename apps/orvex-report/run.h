@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <iosfwd>
@@ -12,9 +13,10 @@ namespace orvex::report_app {
 struct Surroundings {
   std::ostream& out;
   std::ostream& err;
-  std::filesystem::path program = {};         ///< the program's own file: the delivered database stands near it
+  std::filesystem::path program = {};         ///< the program's own file: the delivered files stand near it
   bool err_is_terminal = false;               ///< shows progress
   std::function<bool()> stop_requested = {};  ///< true when the person has asked to stop
+  std::chrono::milliseconds pdf_limit = std::chrono::minutes(10);  ///< how long the printing of a PDF may take
 };
 
 /// Does what the arguments (without the program's name) ask for; the exit status.

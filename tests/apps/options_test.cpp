@@ -29,14 +29,20 @@ TEST(Options, AnAnnualBriefReportOfAllTanksIsTheLeastThatCanBeAsked) {
   EXPECT_EQ(options.kind, Kind::kBrief);
   EXPECT_EQ(options.out, ".");
   EXPECT_EQ(options.csv, "");
+  EXPECT_EQ(options.pdf, "");
+  EXPECT_EQ(options.paper, "letter");
   EXPECT_TRUE(options.tanks.empty());
   EXPECT_FALSE(options.monthly || options.list || options.quiet);
 }
 
 TEST(Options, EveryOptionIsTaken) {
-  const auto options = ParseOptions({"--client", "c d.mdb", "--reference=r.mdb", "--tanks", "A,B", "--tanks=[x]",
-                                     "--monthly", "jan,December", "--monthly", "MAY", "--kind", "Detail", "--out",
-                                     "o p", "--csv", "e f.csv", "--quiet"});
+  const auto options = ParseOptions({"--client",  "c d.mdb",      "--reference=r.mdb",
+                                     "--tanks",   "A,B",          "--tanks=[x]",
+                                     "--monthly", "jan,December", "--monthly",
+                                     "MAY",       "--kind",       "Detail",
+                                     "--out",     "o p",          "--csv",
+                                     "e f.csv",   "--pdf",        "g h.pdf",
+                                     "--paper",   "A4",           "--quiet"});
   EXPECT_EQ(options.client, "c d.mdb");
   EXPECT_EQ(options.reference, "r.mdb");
   EXPECT_EQ(options.tanks, (Arguments{"A,B", "[x]"}));
@@ -46,7 +52,22 @@ TEST(Options, EveryOptionIsTaken) {
   EXPECT_EQ(options.kind, Kind::kDetail);
   EXPECT_EQ(options.out, "o p");
   EXPECT_EQ(options.csv, "e f.csv");
+  EXPECT_EQ(options.pdf, "g h.pdf");
+  EXPECT_EQ(options.paper, "a4");
   EXPECT_TRUE(options.quiet);
+}
+
+TEST(Options, NamesThatBeginWithADashAreTakenBehindAnEqualsSign) {
+  const auto options = ParseOptions({"--client=-c.mdb", "--annual", "--out=-o", "--pdf=-p.pdf"});
+  EXPECT_EQ(options.client, "-c.mdb");
+  EXPECT_EQ(options.out, "-o");
+  EXPECT_EQ(options.pdf, "-p.pdf");
+}
+
+TEST(Options, TheHelpTellsWhatHappensToDisplayFiles) {
+  const auto help = ParseOptions({"--help"}).text;
+  EXPECT_TRUE(Mentions(help, "--pdf")) << help;
+  EXPECT_TRUE(Mentions(help, "display")) << help;
 }
 
 TEST(Options, AListNeedsNoPeriod) { EXPECT_TRUE(ParseOptions({"--client", "c", "--list"}).list); }
@@ -66,6 +87,10 @@ TEST(Options, RefusalsNameTheOptionOrValue) {
   EXPECT_TRUE(Mentions(Refusal({"--client", "c", "--monthly", "Ja"}), "'Ja'"));
   EXPECT_TRUE(Mentions(Refusal({"--client", "c", "--monthly", ","}), "no month"));
   EXPECT_TRUE(Mentions(Refusal({"--client", "c", "--annual", "--kind", "long"}), "'long'"));
+  EXPECT_TRUE(Mentions(Refusal({"--client", "c", "--annual", "--pdf", "x", "--paper", "a3"}), "'a3'"));
+  EXPECT_TRUE(Mentions(Refusal({"--client", "c", "--annual", "--paper", "a4"}), "--pdf"));
+  EXPECT_TRUE(Mentions(Refusal({"--client", "c", "--list", "--pdf", "x"}), "--pdf"));
+  EXPECT_TRUE(Mentions(Refusal({"--client", "c", "--annual", "--pdf", "-x.pdf"}), "-x.pdf"));
   EXPECT_TRUE(Mentions(Refusal({"--client"}), "--client"));
   EXPECT_TRUE(Mentions(Refusal({"--client", "c", "--list", "--csv", "x"}), "--csv"));
   EXPECT_TRUE(Mentions(Refusal({"--client", "c", "--list", "--quiet"}), "--quiet"));

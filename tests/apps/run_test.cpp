@@ -39,11 +39,6 @@ TEST_F(RunTest, AnUnknownTankIsWrongUse) {
   EXPECT_TRUE(Told("'W'")) << err_.str();
 }
 
-TEST_F(RunTest, SummaryAndDetailAreNotThereYet) {
-  EXPECT_EQ(RunOn({"--annual", "--kind", "detail"}), kWrongUse);
-  EXPECT_TRUE(Told("not available in this version")) << err_.str();
-}
-
 TEST_F(RunTest, AMissingClientDatabaseIsNamed) {
   const auto path = (test_.folder.Path() / "missing.mdb").string();
   EXPECT_EQ(Run({"--client", path, "--annual"}), kCannotOpen);
@@ -78,7 +73,6 @@ TEST_F(RunTest, AMissingDeliveredDatabaseIsToldWithBothPlaces) {
 TEST_F(RunTest, TheDeliveredDatabaseIsFoundWhereTheProgramIsInstalled) {
   test::AddVerticalTank(test_, {{"USER ID", "V"}});
   const auto share = test_.folder.Path() / "share" / "orvex";
-  std::filesystem::create_directories(share);
   std::filesystem::copy_file(Reference(), share / "tankdata.mdb");
   EXPECT_EQ(Run({"--client", Client(), "--annual", "--tanks", "none"}), kWrongUse);
   EXPECT_TRUE(Told("no tank 'none'")) << err_.str();

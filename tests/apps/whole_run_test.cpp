@@ -46,10 +46,32 @@ TEST_F(WholeRunTest, AnAnnualRunWritesTheReportAndPrintsTheTable) {
   EXPECT_NE(table.find("\nV, 1     VFRT "), std::string::npos) << table;
   EXPECT_NE(table.find("\nD        DEFRT "), std::string::npos) << table;
   EXPECT_NE(table.find("\nTotal "), std::string::npos) << table;
-  EXPECT_TRUE(table.ends_with("\nReport: " + (Output() / "briefdata.xml").string() + "\n")) << table;
+  EXPECT_TRUE(table.ends_with("\nReport: " + (Output() / "briefdata.xml").string() +
+                              "\nDisplay page: " + (Output() / "briefdisplay.htm").string() + "\n"))
+      << table;
   EXPECT_EQ(Count(Brief(), "<Tank>"), 5);
   EXPECT_EQ(Count(Brief(), "<TankSum "), 5);
   EXPECT_EQ(Rows("emission").size(), 5U);
+}
+
+TEST_F(WholeRunTest, ADetailReportIsWrittenAndItsPageNamed) {
+  ASSERT_EQ(RunOn({"--annual", "--kind", "detail"}), kDone) << err_.str();
+  const auto report = FileContent(Output() / "summarydata.xml");
+  EXPECT_EQ(Count(report, "<TYPE>Detail</TYPE>"), 1);
+  EXPECT_GT(Count(report, "<Detail"), 0);
+  EXPECT_TRUE(out_.str().ends_with("\nReport: " + (Output() / "summarydata.xml").string() +
+                                   "\nDisplay page: " + (Output() / "summarydisplay.htm").string() + "\n"))
+      << out_.str();
+  EXPECT_FALSE(std::filesystem::exists(Output() / "briefdata.xml"));
+}
+
+TEST_F(WholeRunTest, ASummaryReportTakesThePlaceOfADetailReport) {
+  ASSERT_EQ(RunOn({"--annual", "--kind", "detail"}), kDone) << err_.str();
+  ASSERT_EQ(RunOn({"--monthly", "Jan,Jul", "--kind", "SUMMARY"}), kDone) << err_.str();
+  const auto report = FileContent(Output() / "summarydata.xml");
+  EXPECT_EQ(Count(report, "<TYPE>Summary</TYPE>"), 1);
+  EXPECT_EQ(Count(report, "<TimePeriod>"), 2);
+  EXPECT_EQ(Count(report, "<Detail"), 0);
 }
 
 TEST_F(WholeRunTest, TheTotalOfTheTableIsThatOfTheReport) {
@@ -126,9 +148,10 @@ TEST_F(WholeRunTest, OnlyWhatARunChangesIsChanged) {
   ASSERT_EQ(RunOn({"--annual"}), kDone) << err_.str();
   EXPECT_EQ(FileContent(Reference()), reference);
   EXPECT_EQ(Rows("fittings"), fittings);
-  // Database, report folder, nothing else.
-  EXPECT_EQ(test::EntryCount(test_.folder.Path()), 3);
-  EXPECT_EQ(test::EntryCount(Output()), 1);
+  // Databases, report folder and the two of the program, nothing else.
+  EXPECT_EQ(test::EntryCount(test_.folder.Path()), 5);
+  // The report and the three display files.
+  EXPECT_EQ(test::EntryCount(Output()), 4);
 }
 
 TEST_F(WholeRunTest, AnInterruptedRunLeavesTheClientDatabaseAsItWas) {
