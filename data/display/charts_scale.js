@@ -10,19 +10,17 @@
 
   // Above a million the ticks count in these, so that the axis keeps short numbers.
   const LARGE_UNITS = [
-    { size: 1e12, word: 'trillion' },
-    { size: 1e9, word: 'billion' },
-    { size: 1e6, word: 'million' },
+    {size: 1e12, word: 'trillion'},
+    {size: 1e9, word: 'billion'},
+    {size: 1e6, word: 'million'},
   ];
 
-  const FALLBACK_ADVANCE = 0.6; // of the font size, where the browser gives no canvas to measure with
+  const FALLBACK_ADVANCE = 0.6;  // of the font size, where the browser gives no canvas to measure with
 
   const groupedDigits = new Map();
   let measuring = null;
 
-  function trimmed(text) {
-    return String(text === undefined || text === null ? '' : text).replace(BLANKS, '');
-  }
+  function trimmed(text) { return String(text === undefined || text === null ? '' : text).replace(BLANKS, ''); }
 
   /** The amount of a figure as the report writes it, or null when the text is no figure. */
   function amountOf(text) {
@@ -37,17 +35,15 @@
   /** An amount as the report writes figures: "1,234.50". */
   function figureText(amount, decimals = 2) {
     if (!groupedDigits.has(decimals)) {
-      const digits = { minimumFractionDigits: decimals, maximumFractionDigits: decimals };
+      const digits = {minimumFractionDigits: decimals, maximumFractionDigits: decimals};
       groupedDigits.set(decimals, new Intl.NumberFormat('en-US', digits));
     }
     const text = groupedDigits.get(decimals).format(amount);
-    return /[1-9]/.test(text) ? text : text.replace('-', ''); // a sum of sums may end as a negative zero
+    return /[1-9]/.test(text) ? text : text.replace('-', '');  // a sum of sums may end as a negative zero
   }
 
   /** Whether a bar can show the amount. */
-  function isDrawable(amount) {
-    return amount !== null && amount >= 0;
-  }
+  function isDrawable(amount) { return amount !== null && amount >= 0; }
 
   /** A sum of displayed figures, free of the crumbs that binary fractions leave behind. */
   function sumOf(amounts, decimals = 2) {
@@ -63,16 +59,18 @@
 
   // Decimals that it takes to write every multiple of a step.
   function decimalsOf(step) {
-    let decimals = 0;
-    while (decimals < 8 && Math.abs(step * 10 ** decimals - Math.round(step * 10 ** decimals)) > 1e-6 * step * 10 ** decimals) {
-      decimals += 1;
+    for (let decimals = 0; decimals < 8; decimals += 1) {
+      const shifted = step * 10 ** decimals;
+      if (Math.abs(shifted - Math.round(shifted)) <= 1e-6 * shifted) {
+        return decimals;
+      }
     }
-    return decimals;
+    return 8;
   }
 
   function tickText(value, decimals) {
     if (Math.abs(value) >= 1e7) {
-      return value.toExponential(2); // beyond the largest word, where written-out digits would fill the page
+      return value.toExponential(2);  // beyond the largest word, where written-out digits would fill the page
     }
     return value === 0 ? '0' : figureText(value, decimals);
   }
@@ -81,13 +79,14 @@
    * Round ticks between `low` and `high`: {low, high, ticks: [{value, text}], unit}. `low` and `high` are widened to
    * ticks when `widen` is set. `unit` carries the word for large numbers ("million lb").
    */
-  function axisOf(low, high, unit, { count = 6, widen = false } = {}) {
+  function axisOf(low, high, unit, {count = 6, widen = false} = {}) {
     const span = high - low;
     const large = LARGE_UNITS.find((each) => Math.max(Math.abs(low), Math.abs(high)) >= each.size);
     const size = large ? large.size : 1;
     const named = large ? large.word + ' ' + unit : unit;
     if (!(span > 0) || !Number.isFinite(span)) {
-      return { low, high: low + 1, ticks: [{ value: low, text: tickText(low / size, decimalsOf(low / size)) }], unit: named };
+      const only = {value: low, text: tickText(low / size, decimalsOf(low / size))};
+      return {low, high: low + 1, ticks: [only], unit: named};
     }
     const step = roundStep(span, count);
     const first = widen ? Math.floor(low / step + 1e-9) : Math.ceil(low / step - 1e-9);
@@ -95,14 +94,9 @@
     const decimals = decimalsOf(step / size);
     const ticks = [];
     for (let index = first; index <= last; index += 1) {
-      ticks.push({ value: index * step, text: tickText((index * step) / size, decimals) });
+      ticks.push({value: index * step, text: tickText((index * step) / size, decimals)});
     }
-    return {
-      low: widen ? first * step : low,
-      high: widen ? last * step : high,
-      ticks,
-      unit: named,
-    };
+    return {low: widen ? first * step : low, high: widen ? last * step : high, ticks, unit: named};
   }
 
   /** Width of a text in the page's font, in the charts' units. */
@@ -138,5 +132,5 @@
     return letters.slice(0, fits).join('').replace(/\s+$/, '') + '…';
   }
 
-  orvex.chartScale = { trimmed, amountOf, isDrawable, figureText, sumOf, axisOf, textWidth, fitted };
-})((window.orvex = window.orvex || {}));
+  orvex.chartScale = {trimmed, amountOf, isDrawable, figureText, sumOf, axisOf, textWidth, fitted};
+})(window.orvex = window.orvex || {});
