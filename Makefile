@@ -22,12 +22,10 @@ help: ## Print this list
 build: ## Build the program and the databases into build/release
 	@$(SETUP) build
 	@test -f $(release)/build.ninja || cmake --preset release -DORVEX_TESTS=OFF -DORVEX_BENCH=OFF >/dev/null
-	@cmake --build --preset release --target orvex-report databases
+	@cmake --build --preset release --target orvex-report databases display
 
-report: build ## Compute the sample inventory: losses of each tank, and the brief report in build/release/report
-	@mkdir -p $(release)/report
-	@cp $(sample) $(release)/report/client1.mdb
-	@$(program) --client $(release)/report/client1.mdb --reference $(reference) --annual --out $(release)/report
+report: build ## Compute the sample inventory: losses of each tank, and all reports and PDFs in build/release/report
+	@tools/report.sh $(program) $(reference) $(sample) $(release)/report
 
 run: build ## Run the program on a copy of the sample inventory, with ARGS="..." (as it stands: --list)
 	@mkdir -p $(release)/run

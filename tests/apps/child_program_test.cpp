@@ -114,7 +114,8 @@ TEST_F(ChildProgramTest, MayPutThingsAwayBeforeItIsEnded) {
   stop_requested_ = [&] { return std::filesystem::exists(Path("ready")); };
   const auto end = Run("trap 'echo bye; exit 0' TERM; touch " + Path("ready") + "; while :; do sleep 0.01; done");
   EXPECT_EQ(end.how, How::kStopped);
-  EXPECT_EQ(lines_, std::vector<std::string>{"bye"});
+  ASSERT_FALSE(lines_.empty());
+  EXPECT_EQ(lines_.back(), "bye");
 }
 
 TEST_F(ChildProgramTest, IsEndedEvenIfItDoesNotListen) {

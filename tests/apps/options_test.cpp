@@ -57,11 +57,12 @@ TEST(Options, EveryOptionIsTaken) {
   EXPECT_TRUE(options.quiet);
 }
 
-TEST(Options, NamesThatBeginWithADashAreTakenBehindAnEqualsSign) {
+TEST(Options, NamesThatBeginWithADashAreTaken) {
   const auto options = ParseOptions({"--client=-c.mdb", "--annual", "--out=-o", "--pdf=-p.pdf"});
   EXPECT_EQ(options.client, "-c.mdb");
   EXPECT_EQ(options.out, "-o");
   EXPECT_EQ(options.pdf, "-p.pdf");
+  EXPECT_EQ(ParseOptions({"--client", "c", "--annual", "--pdf", "-x.pdf"}).pdf, "-x.pdf");
 }
 
 TEST(Options, TheHelpTellsWhatHappensToDisplayFiles) {
@@ -90,7 +91,6 @@ TEST(Options, RefusalsNameTheOptionOrValue) {
   EXPECT_TRUE(Mentions(Refusal({"--client", "c", "--annual", "--pdf", "x", "--paper", "a3"}), "'a3'"));
   EXPECT_TRUE(Mentions(Refusal({"--client", "c", "--annual", "--paper", "a4"}), "--pdf"));
   EXPECT_TRUE(Mentions(Refusal({"--client", "c", "--list", "--pdf", "x"}), "--pdf"));
-  EXPECT_TRUE(Mentions(Refusal({"--client", "c", "--annual", "--pdf", "-x.pdf"}), "-x.pdf"));
   EXPECT_TRUE(Mentions(Refusal({"--client"}), "--client"));
   EXPECT_TRUE(Mentions(Refusal({"--client", "c", "--list", "--csv", "x"}), "--csv"));
   EXPECT_TRUE(Mentions(Refusal({"--client", "c", "--list", "--quiet"}), "--quiet"));

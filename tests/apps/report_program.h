@@ -52,7 +52,7 @@ class ReportProgram : public testing::Test {
   /// Runs it on the two databases, with the report in `Output` unless the arguments say otherwise.
   int RunOn(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), {"--client", Client(), "--reference", Reference()});
-    if (std::ranges::find(arguments, "--out") == arguments.end())
+    if (std::ranges::none_of(arguments, [](const auto& argument) { return argument.starts_with("--out"); }))
       arguments.insert(arguments.end(), {"--out", Output().string()});
     return Run(arguments);
   }
