@@ -52,7 +52,7 @@ class CaseFiles {
   [[nodiscard]] const std::filesystem::path& Floor() const { return floor_; }
 
  private:
-  const std::filesystem::path& Copy(const std::filesystem::path& to) const {
+  [[nodiscard]] const std::filesystem::path& Copy(const std::filesystem::path& to) const {
     std::filesystem::copy_file(inventory_, to, std::filesystem::copy_options::overwrite_existing);
     return to;
   }

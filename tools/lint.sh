@@ -24,6 +24,6 @@ CheckIncludes() {
 }
 
 CheckIncludes
-find src apps tools -name '*.cpp' -print0 |
+find src apps tools bench -name '*.cpp' -print0 |
   xargs -0 --no-run-if-empty --max-args=1 --max-procs="$(nproc)" clang-tidy --quiet -p "$1"
 shellcheck tools/*.sh .ci/run
