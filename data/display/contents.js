@@ -1,0 +1,72 @@
+'use strict';
+
+// The table of contents: beside the report on the screen, with an entry box that finds a tank among many.
+(function (orvex) {
+  const {element} = orvex;
+  const wide = '(min-width: 64rem)';
+
+  function entry(place) {
+    return element('li', {}, element('a', {href: `#${place.anchor}`}, element('span', {class: 'entry'}, place.text),
+        place.note ? ' ' : null, place.note ? element('span', {class: 'note'}, place.note) : null));
+  }
+
+  function countText(found, all) {
+    if (found === all) return `${all} tank${all === 1 ? '' : 's'}`;
+    return `${found} of ${all} tanks`;
+  }
+
+  // Shows the entries that hold every word typed, and tells how many they are.
+  function filterBox(places, entries, count) {
+    const box = element('input', {type: 'search', id: 'find-tank', placeholder: 'Name, type, company or place',
+      autocomplete: 'off', spellcheck: 'false'});
+    const matches = () => {
+      const words = box.value.toLowerCase().split(/\s+/).filter((word) => word !== '');
+      return places.map((place) => words.every((word) => place.search.includes(word)));
+    };
+    box.addEventListener('input', () => {
+      const found = matches();
+      found.forEach((shown, index) => { entries[index].hidden = !shown; });
+      count.textContent = countText(found.filter(Boolean).length, places.length);
+    });
+    box.addEventListener('keydown', (event) => {
+      const first = event.key === 'Enter' ? matches().indexOf(true) : -1;
+      if (first >= 0) entries[first].querySelector('a').click();
+    });
+    return element('div', {class: 'find'}, element('label', {for: 'find-tank'}, 'Find a tank'), box, count);
+  }
+
+  // A narrow window shows the contents only when asked: there they would push the report out of sight.
+  function foldWhenNarrow(details) {
+    const query = window.matchMedia(wide);
+    const apply = () => { details.open = query.matches; };
+    query.addEventListener('change', apply);
+    apply();
+  }
+
+  /**
+   * The navigation of a report.
+   * @param {{anchor, text}[]} parts what stands in front of the tanks
+   * @param {{anchor, text, note, search}[]} places the tanks
+   */
+  function build(parts, places) {
+    const count = element('p', {class: 'count', role: 'status'}, countText(places.length, places.length));
+    const entries = places.map(entry);
+    const details = element('details', {}, element('summary', {}, 'Contents'),
+        parts.length > 0 ? element('ul', {class: 'parts'}, ...parts.map(entry)) : null,
+        filterBox(places, entries, count), element('ul', {class: 'tanks'}, ...entries));
+    foldWhenNarrow(details);
+    return element('nav', {class: 'contents', 'aria-label': 'Contents'}, details);
+  }
+
+  /** The contents as they are printed; the cells of class "page" are filled when the pages are known. */
+  function printed(parts, places) {
+    const columns = [
+      {rowHeading: true, label: 'Contents', content: (place) => element('a', {href: `#${place.anchor}`}, place.text)},
+      {label: 'Type', content: (place) => place.note},
+      {label: 'Page', figure: true, content: (place) => element('span', {class: 'page', 'data-for': place.anchor})},
+    ];
+    return orvex.tables.plain('printed-contents', 'Contents', columns, [...parts, ...places]);
+  }
+
+  orvex.contents = {build, printed};
+})(window.orvex = window.orvex || {});

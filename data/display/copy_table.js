@@ -1,0 +1,89 @@
+'use strict';
+
+// Copies a table as HTML, for text programs, and as tab-separated text, for spreadsheets.
+(function (orvex) {
+  const {element} = orvex;
+  let touched = null;
+
+  function tableAt(node) {
+    if (!(node instanceof Element)) return null;
+    const block = node.closest('.table-block');
+    return block ? block.querySelector('table') : node.closest('table') || node.querySelector('table');
+  }
+
+  function textOf(cell) { return cell.textContent.replace(/\s+/g, ' ').trim(); }
+
+  // Cells that span rows or columns stand in the first place of what they cover.
+  function grid(table) {
+    const lines = Array.from(table.rows, () => []);
+    Array.from(table.rows).forEach((row, y) => {
+      let x = 0;
+      for (const cell of row.cells) {
+        while (lines[y][x] !== undefined) x += 1;
+        for (let down = 0; down < cell.rowSpan && y + down < lines.length; down += 1) {
+          for (let right = 0; right < cell.colSpan; right += 1) {
+            lines[y + down][x + right] = down === 0 && right === 0 ? textOf(cell) : '';
+          }
+        }
+        x += cell.colSpan;
+      }
+    });
+    return lines;
+  }
+
+  // The bare table: the page's classes, anchors and links mean nothing elsewhere.
+  function htmlOf(table) {
+    const bare = element('table', {border: 1});
+    for (const row of table.rows) {
+      bare.append(element('tr', {}, ...Array.from(row.cells, (cell) => element(cell.localName, {
+        rowspan: cell.rowSpan > 1 ? cell.rowSpan : null, colspan: cell.colSpan > 1 ? cell.colSpan : null,
+        align: cell.classList.contains('figure') ? 'right' : 'left',
+      }, textOf(cell)))));
+    }
+    return bare.outerHTML;
+  }
+
+  function putOnClipboard(text, html) {
+    const fill = (event) => {
+      event.clipboardData.setData('text/plain', text);
+      event.clipboardData.setData('text/html', html);
+      event.preventDefault();
+      event.stopImmediatePropagation();
+    };
+    document.addEventListener('copy', fill, true);
+    document.execCommand('copy');
+    document.removeEventListener('copy', fill, true);
+  }
+
+  /**
+   * Puts a table on the clipboard.
+   * @param {Element=} chosen the table or something in it; without one the table last touched, or else the first
+   * @returns {string} the table as tab-separated text; empty when the page has no table
+   */
+  function copyTable(chosen) {
+    const inPlace = touched && touched.isConnected ? touched : null;
+    const table = tableAt(chosen) || inPlace || document.querySelector('table');
+    if (!table) return '';
+    const text = grid(table).map((line) => line.join('\t')).join('\n');
+    putOnClipboard(text, htmlOf(table));
+    return text;
+  }
+
+  function answer(button) {
+    button.textContent = 'Copied';
+    window.setTimeout(() => { button.textContent = 'Copy'; }, 1500);
+  }
+
+  for (const kind of ['pointerdown', 'focusin', 'contextmenu']) {
+    document.addEventListener(kind, (event) => { touched = (event.target.closest && event.target.closest('.table-block') &&
+      tableAt(event.target)) || touched; }, true);
+  }
+  document.addEventListener('click', (event) => {
+    const button = event.target.closest && event.target.closest('button.copy');
+    if (!button) return;
+    copyTable(button);
+    answer(button);
+  });
+
+  orvex.copyTable = copyTable;
+})(window.orvex = window.orvex || {});

@@ -1,0 +1,134 @@
+'use strict';
+
+// Which block of a report goes on which sheet: arithmetic on heights alone, without the page.
+//
+// A block is {height, keep, starts, scale} or, when it may be parted between rows, also {units, overhead, lanes}:
+//   keep      it must not be the last one on its sheet (a heading)
+//   starts    it begins a new sheet
+//   units     what stays together in a table, e.g. a row: {height, repeat, repeatHeight}; `repeat` is the heading of the
+//             unit's group, which is repeated when the group goes on elsewhere
+//   overhead  what each piece of a table costs besides its units: caption and column headings
+//   lanes     how many pieces of it stand side by side
+(function (orvex) {
+  // A table shorter than this part of a sheet is not parted: it rather begins on the next one.
+  const smallTable = 0.3;
+
+  function heightOf(units, from, to) {
+    if (to <= from) return 0;
+    let height = units[from].repeat ? units[from].repeatHeight : 0;
+    for (let index = from; index < to; index += 1) height += units[index].height;
+    return height;
+  }
+
+  /** The end of the units from `from` on that fit into `room`. */
+  function take(units, from, room) {
+    if (from >= units.length) return from;
+    let left = room - (units[from].repeat ? units[from].repeatHeight : 0);
+    let to = from;
+    while (to < units.length && units[to].height <= left) {
+      left -= units[to].height;
+      to += 1;
+    }
+    return to;
+  }
+
+  // The ends of the lanes that `room` gives place to.
+  function fill(block, from, room) {
+    const ends = [];
+    let at = from;
+    for (let lane = 0; lane < block.lanes; lane += 1) {
+      at = take(block.units, at, room);
+      ends.push(at);
+    }
+    return ends;
+  }
+
+  // When all the rest fits, lanes of even height look better than a full one and a remnant.
+  function balanced(block, from, room) {
+    const full = fill(block, from, room);
+    if (block.lanes === 1 || full[full.length - 1] < block.units.length) return full;
+    const rest = block.units.length - from;
+    for (let count = Math.ceil(rest / block.lanes); count <= rest; count += 1) {
+      const height = heightOf(block.units, from, from + count);
+      const ends = fill(block, from, height);
+      if (height <= room && ends[ends.length - 1] === block.units.length) return ends;
+    }
+    return full;
+  }
+
+  function tallestLane(block, from, ends) {
+    let begin = from;
+    let tallest = 0;
+    for (const end of ends) {
+      tallest = Math.max(tallest, heightOf(block.units, begin, end));
+      begin = end;
+    }
+    return tallest;
+  }
+
+  // The least room in which it makes sense to begin a block.
+  function leastOf(block, capacity) {
+    if (!block.units) return Math.min(block.height, capacity);
+    const whole = block.overhead + (block.lanes === 1 ? heightOf(block.units, 0, block.units.length) :
+      tallestLane(block, 0, balanced(block, 0, Infinity)));
+    if (whole <= capacity * smallTable) return whole;
+    const begun = block.lanes === 1 ? heightOf(block.units, 0, Math.min(2, block.units.length)) : capacity * smallTable;
+    return Math.min(block.overhead + begun, whole, capacity);
+  }
+
+  /** The room that a block needs together with what it must not be parted from. */
+  function needed(blocks, index, capacity) {
+    const block = blocks[index];
+    const next = blocks[index + 1];
+    if (!block.keep || !next || next.starts) return leastOf(block, capacity);
+    return block.height + needed(blocks, index + 1, capacity);
+  }
+
+  /**
+   * The sheets: [[{block, scale}, or {block, from, ends, scale}]]. `scale` below 1 shrinks what is too tall for a sheet
+   * of its own.
+   * @param {object[]} blocks see above
+   * @param {number} capacity the height of a sheet
+   */
+  function paginate(blocks, capacity) {
+    const sheets = [[]];
+    let room = capacity;
+
+    function newSheet() {
+      if (sheets[sheets.length - 1].length > 0) sheets.push([]);
+      room = capacity;
+    }
+
+    function put(item, height) {
+      item.scale = Math.min(1, capacity / height);
+      sheets[sheets.length - 1].push(item);
+      room -= height;
+    }
+
+    function putPieces(block) {
+      let from = 0;
+      while (from < block.units.length) {
+        let ends = balanced(block, from, room - block.overhead);
+        if (ends[ends.length - 1] === from) {
+          if (room < capacity) {
+            newSheet();
+            continue;
+          }
+          ends = ends.map(() => from + 1);
+        }
+        put({block, from, ends}, block.overhead + tallestLane(block, from, ends));
+        from = ends[ends.length - 1];
+        if (from < block.units.length) newSheet();
+      }
+    }
+
+    blocks.forEach((block, index) => {
+      if (block.starts || needed(blocks, index, capacity) > room) newSheet();
+      if (block.units && block.units.length > 0) putPieces(block);
+      else put({block}, block.height);
+    });
+    return sheets;
+  }
+
+  orvex.paginate = paginate;
+})(window.orvex = window.orvex || {});
