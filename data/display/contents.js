@@ -61,7 +61,7 @@
   /** The contents as they are printed; the cells of class "page" are filled when the pages are known. */
   function printed(parts, places) {
     const columns = [
-      {rowHeading: true, label: 'Contents', content: (place) => element('a', {href: `#${place.anchor}`}, place.text)},
+      {rowHeading: true, label: 'Section', content: (place) => element('a', {href: `#${place.anchor}`}, place.text)},
       {label: 'Type', content: (place) => place.note},
       {label: 'Page', figure: true, content: (place) => element('span', {class: 'page', 'data-for': place.anchor})},
     ];

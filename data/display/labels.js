@@ -105,20 +105,20 @@
 
   // `group` is the heading over neighbouring columns.
   labels.liquid = [
-    {name: 'MixtureComponent', label: 'Mixture / component', rowHeading: true},
-    {name: 'Month', label: 'Month'},
-    {name: 'AveDailyTemp', label: 'Avg.', group: 'Daily liquid surface temperature', unit: 'deg F', figure: true},
-    {name: 'MinDailyTemp', label: 'Min.', group: 'Daily liquid surface temperature', unit: 'deg F', figure: true},
-    {name: 'MaxDailyTemp', label: 'Max.', group: 'Daily liquid surface temperature', unit: 'deg F', figure: true},
-    {name: 'BulkTemp', label: 'Liquid bulk temp.', unit: 'deg F', figure: true},
-    {name: 'AvePressure', label: 'Avg.', group: 'Vapor pressure', unit: 'psia', figure: true},
-    {name: 'MinPressure', label: 'Min.', group: 'Vapor pressure', unit: 'psia', figure: true},
-    {name: 'MaxPressure', label: 'Max.', group: 'Vapor pressure', unit: 'psia', figure: true},
-    {name: 'VapMolWeight', label: 'Vapor mol. weight', figure: true},
-    {name: 'LiquidMassFraction', label: 'Liquid mass fraction', figure: true},
-    {name: 'VaporMassFraction', label: 'Vapor mass fraction', figure: true},
-    {name: 'MolWeight', label: 'Mol. weight', figure: true},
-    {name: 'Basis', label: 'Basis for vapor pressure calculations', prose: true},
+    {name: 'MixtureComponent', share: 14, label: 'Mixture / component', rowHeading: true},
+    {name: 'Month', share: 3.5, label: 'Month'},
+    {name: 'AveDailyTemp', share: 4.5, label: 'Avg.', group: 'Liquid surface temp.', unit: 'deg F', figure: true},
+    {name: 'MinDailyTemp', share: 4.5, label: 'Min.', group: 'Liquid surface temp.', unit: 'deg F', figure: true},
+    {name: 'MaxDailyTemp', share: 4.5, label: 'Max.', group: 'Liquid surface temp.', unit: 'deg F', figure: true},
+    {name: 'BulkTemp', share: 6, label: 'Liquid bulk temp.', unit: 'deg F', figure: true},
+    {name: 'AvePressure', share: 5.5, label: 'Avg.', group: 'Vapor pressure', unit: 'psia', figure: true},
+    {name: 'MinPressure', share: 5.5, label: 'Min.', group: 'Vapor pressure', unit: 'psia', figure: true},
+    {name: 'MaxPressure', share: 5.5, label: 'Max.', group: 'Vapor pressure', unit: 'psia', figure: true},
+    {name: 'VapMolWeight', share: 6.5, label: 'Vapor mol. weight', figure: true},
+    {name: 'LiquidMassFraction', share: 6.5, label: 'Liquid mass fraction', figure: true},
+    {name: 'VaporMassFraction', share: 6.5, label: 'Vapor mass fraction', figure: true},
+    {name: 'MolWeight', share: 5, label: 'Mol. weight', figure: true},
+    {name: 'Basis', share: 22, label: 'Basis for vapor pressure calculations', prose: true},
   ];
 
   labels.deckFittings = [

@@ -9,7 +9,11 @@
 
   function anchorOf(index) { return `tank-${index + 1}`; }
 
-  function periodText(model) { return model.periods.join(', ') || 'not told'; }
+  function periodText(model) {
+    const {periods} = model;
+    if (periods.length === 12) return `${periods[0]} to ${periods[11]}`;
+    return periods.join(', ') || 'not told';
+  }
 
   function fact(term, value) { return element('div', {class: 'fact'}, element('dt', {}, term), element('dd', {}, value)); }
 
@@ -32,10 +36,15 @@
             total === null ? null : fact('Total emissions', `${total} lb`)));
   }
 
+  // A chart shows nothing that the tables do not say: a report without its picture is better than none.
   function chart(name, argument) {
-    const drawn = orvex.charts && orvex.charts[name] ? orvex.charts[name](argument) : null;
-    if (!drawn) return null;
-    return element('div', {class: 'chart-block'}, drawn.figure);
+    try {
+      const drawn = orvex.charts[name](argument);
+      return drawn ? element('div', {class: `chart-block ${name}`}, drawn.figure) : null;
+    } catch (error) {
+      console.error(error);
+      return null;
+    }
   }
 
   // The roll-up names tanks by their USER ID, trimmed or not.

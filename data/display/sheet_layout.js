@@ -10,8 +10,10 @@
 //   overhead  what each piece of a table costs besides its units: caption and column headings
 //   lanes     how many pieces of it stand side by side
 (function (orvex) {
-  // A table shorter than this part of a sheet is not parted: it rather begins on the next one.
+  // A table shorter than this part of a sheet is never parted.
   const smallTable = 0.3;
+  // One that fits on a sheet of its own is not begun in this last part of another.
+  const lastPart = 0.45;
 
   function heightOf(units, from, to) {
     if (to <= from) return 0;
@@ -66,22 +68,27 @@
     return tallest;
   }
 
-  // The least room in which it makes sense to begin a block.
-  function leastOf(block, capacity) {
-    if (!block.units) return Math.min(block.height, capacity);
-    const whole = block.overhead + (block.lanes === 1 ? heightOf(block.units, 0, block.units.length) :
+  function wholeOf(block) {
+    if (!block.units) return block.height;
+    return block.overhead + (block.lanes === 1 ? heightOf(block.units, 0, block.units.length) :
       tallestLane(block, 0, balanced(block, 0, Infinity)));
-    if (whole <= capacity * smallTable) return whole;
-    const begun = block.lanes === 1 ? heightOf(block.units, 0, Math.min(2, block.units.length)) : capacity * smallTable;
-    return Math.min(block.overhead + begun, whole, capacity);
   }
 
-  /** The room that a block needs together with what it must not be parted from. */
-  function needed(blocks, index, capacity) {
+  // The least room in which it makes sense to begin a block.
+  function leastOf(block, room, capacity) {
+    const whole = wholeOf(block);
+    if (!block.units || whole <= room) return Math.min(whole, capacity);
+    const parted = whole > capacity || (whole > capacity * smallTable && block.lanes === 1 && room > capacity * lastPart);
+    const begun = heightOf(block.units, 0, Math.min(3, block.units.length));
+    return parted ? Math.min(capacity, block.overhead + Math.max(begun, capacity * smallTable / 2)) : whole;
+  }
+
+  /** The room that a block needs, of the room that there is, together with what it must not be parted from. */
+  function needed(blocks, index, room, capacity) {
     const block = blocks[index];
     const next = blocks[index + 1];
-    if (!block.keep || !next || next.starts) return leastOf(block, capacity);
-    return block.height + needed(blocks, index + 1, capacity);
+    if (!block.keep || !next || next.starts) return leastOf(block, room, capacity);
+    return block.height + needed(blocks, index + 1, room - block.height, capacity);
   }
 
   /**
@@ -123,7 +130,9 @@
     }
 
     blocks.forEach((block, index) => {
-      if (block.starts || needed(blocks, index, capacity) > room) newSheet();
+      // What follows a heading was weighed with it.
+      const follows = index > 0 && blocks[index - 1].keep && !block.starts;
+      if (block.starts || (!follows && needed(blocks, index, room, capacity) > room)) newSheet();
       if (block.units && block.units.length > 0) putPieces(block);
       else put({block}, block.height);
     });

@@ -11,7 +11,7 @@
   const repeatedRows = ['heading', 'tank-row'];
   const leadingRows = [...repeatedRows, 'lead'];
   // How many pieces stand side by side, by the kind of a table.
-  const lanes = {'year': 2, 'printed-contents': 2};
+  const lanes = {'year': 3, 'printed-contents': 2};
   const tightest = 5;
 
   let printable = null;

@@ -1,7 +1,8 @@
 'use strict';
 
 // The tables of the page. A column is {name, label, unit, group, rowHeading, figure, prose}: `name` says which text of a
-// record it shows, `group` puts it under a heading with its neighbours, the rest is how it looks.
+// record it shows, `group` puts it under a heading with its neighbours, `share` is its part of the width in per cent, the
+// rest is how it looks.
 (function (orvex) {
   const {element, labels, isBlank, indentOf} = orvex;
 
@@ -52,6 +53,16 @@
     return element('thead', {}, upper, lower);
   }
 
+  // Shares of the width, in per cent, for tables whose columns differ much.
+  function shares(columns) {
+    if (!columns.some((column) => column.share)) return null;
+    return element('colgroup', {}, ...columns.map((column) => {
+      const made = element('col');
+      made.style.width = `${column.share}%`;
+      return made;
+    }));
+  }
+
   /** A row of `columns` from the texts of `record`; a column may bring its own `content(record)`. */
   function row(columns, record, className) {
     const made = element('tr', {class: className});
@@ -72,7 +83,8 @@
    */
   function table(parts) {
     const made = element('table', {class: parts.kind},
-        element('caption', {class: parts.quiet ? 'quiet' : null}, parts.caption), head(parts.columns),
+        element('caption', {class: parts.quiet ? 'quiet' : null}, parts.caption), shares(parts.columns),
+        head(parts.columns),
         ...parts.bodies.map((rows) => element('tbody', {}, ...rows)),
         parts.foot ? element('tfoot', {}, ...parts.foot) : null);
     const button = element('button', {type: 'button', class: 'copy', title: `Copy the table “${parts.caption}”`}, 'Copy');
@@ -139,12 +151,18 @@
     return table({kind: 'roll-up', caption: 'All tanks', columns, bodies: [rowsOf(columns, summary.tanks)], foot: total});
   }
 
+  // The lines of a mixture stand out from those of its components, where there are such.
+  function classOfLine(line, lines) {
+    if (!line.primary) return 'part';
+    return lines.some((other) => !other.primary) ? 'primary' : 'only';
+  }
+
   function liquidContents(tank) {
     // One body a month keeps a mixture with its components.
     const bodies = [];
     for (const record of tank.liquid) {
       if (record.primary || bodies.length === 0) bodies.push([]);
-      bodies[bodies.length - 1].push(row(labels.liquid, record, record.primary ? 'primary' : 'part'));
+      bodies[bodies.length - 1].push(row(labels.liquid, record, classOfLine(record, tank.liquid)));
     }
     return table({kind: 'liquid', caption: 'Liquid contents of storage tank', columns: labels.liquid, bodies});
   }
@@ -206,9 +224,9 @@
     const {lines} = tank.detail;
     const columns = calculationColumns(lines);
     if (columns.length === 0) return null;
-    const monthly = columns.some((column) => monthOf(column.name) > 0);
-    return table({kind: monthly ? 'months' : 'year', caption: 'Emission calculations',
-      columns: [{rowHeading: true, label: 'Quantity'}, ...columns], bodies: calculationBodies(columns, lines)});
+    return table({kind: columns.length > 1 ? 'months' : 'year', caption: 'Emission calculations',
+      columns: [{rowHeading: true, label: 'Quantity'}, ...columns],
+      bodies: calculationBodies(columns, lines)});
   }
 
   function plain(kind, caption, columns, records) {
