@@ -112,6 +112,7 @@ void AddCells(shell::Session& session, std::string_view field, RecordSet& emissi
                    present ? CellText(field, emission) : NoBreakSpaces(1));
     });
   } catch (const store::RunTimeError& error) {
+    session.host.NoteFailure(error);
     session.host.ShowMessage("error: " + error.Description(), std::string(shell::kApplicationTitle),
                              shell::Buttons::kOk, shell::Icon::kNone);
   }
