@@ -33,6 +33,14 @@ TEST(HeadlessHost, OtherMessagesAreNoFailures) {
   EXPECT_FALSE(host.FailureReported());
 }
 
+TEST(HeadlessHost, RemembersAFailureWhateverItsMessageSays) {
+  std::ostringstream messages;
+  HeadlessHost host(messages, {});
+  host.NoteFailure({store::ErrorNumber::kInvalidUseOfNull, "Invalid use of Null."});
+  EXPECT_TRUE(host.FailureReported());
+  EXPECT_EQ(messages.str(), "");
+}
+
 TEST(HeadlessHost, AgreesToNothing) {
   std::ostringstream messages;
   HeadlessHost host(messages, {});

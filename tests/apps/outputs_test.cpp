@@ -4,6 +4,7 @@
 
 #include "apps/report_program.h"
 #include "orvex-report/failure.h"
+#include "shell/delivered_files.h"
 #include "support/file_content.h"
 #include "support/sample_tanks.h"
 
@@ -42,6 +43,11 @@ TEST_F(OutputsTest, APersonsOwnFileIsNotReplaced) {
   EXPECT_EQ(FileContent(Output() / "display.js"), "my own script");
   // Nothing was put there before the trouble was seen.
   EXPECT_EQ(test::EntryCount(Output()), 1);
+}
+
+TEST_F(OutputsTest, EveryFileThatIsDeliveredIsKnownAsADisplayFile) {
+  // Otherwise its next version could not take its place.
+  for (const auto& file : shell::DeliveredFiles(ORVEX_DISPLAY_FOLDER)) EXPECT_TRUE(shell::IsDisplayFile(file)) << file;
 }
 
 TEST_F(OutputsTest, AFolderInThePlaceOfADisplayFileIsNamed) {

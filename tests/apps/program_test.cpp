@@ -22,7 +22,7 @@ class ProgramTest : public testing::Test {
 
   /// Starts the program with its streams in files, optionally with a signal waiting for it; its exit status.
   int Start(std::vector<std::string> arguments, int waiting_signal = 0) {
-    arguments.insert(arguments.begin(), ORVEX_REPORT_PROGRAM);
+    arguments.insert(arguments.begin(), program_);
     std::vector<char*> argv;
     for (auto& argument : arguments) argv.push_back(argument.data());
     argv.push_back(nullptr);
@@ -38,7 +38,7 @@ class ProgramTest : public testing::Test {
         raise(waiting_signal);
       }
       if (freopen(out.c_str(), "w", stdout) == nullptr || freopen(err.c_str(), "w", stderr) == nullptr) _exit(126);
-      execv(ORVEX_REPORT_PROGRAM, argv.data());
+      execv(program_.c_str(), argv.data());
       _exit(127);
     }
     int status = 0;
@@ -59,6 +59,7 @@ class ProgramTest : public testing::Test {
   }
 
   test::TestSession test_;
+  std::string program_ = ORVEX_REPORT_PROGRAM;
   std::string out_, err_;
 };
 
@@ -100,6 +101,54 @@ TEST_F(ProgramTest, ASignalStopsTheRunAndLeavesTheDatabaseAsItWas) {
     EXPECT_TRUE(test_.client().OpenTable("emission").AtEnd());
     EXPECT_TRUE(test_.client().IntegrityCheck());
   }
+}
+
+/// The program as it is installed, with a shell script in the place of the printing program.
+class InstalledProgramTest : public ProgramTest {
+ protected:
+  InstalledProgramTest() {
+    namespace fs = std::filesystem;
+    for (const auto* name : {"bin", "share/orvex/display"}) fs::create_directories(Path(name));
+    program_ = Path("bin/orvex-report");
+    fs::copy_file(ORVEX_REPORT_PROGRAM, program_);
+    test::WriteFile(Path("share/orvex/display/briefdisplay.htm"), "orvex page");
+    test::AddVerticalTank(test_, {{"USER ID", "V"}});
+    fs::copy_file(Path("tankdata.mdb"), Path("share/orvex/tankdata.mdb"));
+  }
+
+  void SetPrinter(const std::string& script) const {
+    test::WriteFile(Path("bin/orvex-pdf"), "#!/bin/sh\n" + script);
+    std::filesystem::permissions(Path("bin/orvex-pdf"), std::filesystem::perms::owner_all);
+  }
+
+  int Print() {
+    return Start({"--client", Path("client1.mdb"), "--annual", "--out", Path("out"), "--pdf", Path("report.pdf")});
+  }
+};
+
+TEST_F(InstalledProgramTest, FindsAllThatItWasDeliveredWith) {
+  SetPrinter("cp \"$1\" \"$2\"");
+  ASSERT_EQ(Print(), kDone) << err_;
+  EXPECT_EQ(err_, "");
+  EXPECT_EQ(FileContent(Path("report.pdf")), "orvex page");
+  EXPECT_NE(out_.find("\nPDF: " + Path("report.pdf") + "\n"), std::string::npos) << out_;
+}
+
+TEST_F(InstalledProgramTest, ASignalWhileItPrintsStopsThePrintingAndLeavesTheReport) {
+  for (const auto* signal : {"INT", "TERM"}) {
+    SetPrinter(std::string("echo $$ >'") + Path("id") + "'; kill -" + signal + " $PPID; exec sleep 600");
+    EXPECT_EQ(Print(), kInterrupted) << err_;
+    EXPECT_NE(err_.find("Stopped; the report is written"), std::string::npos) << err_;
+    EXPECT_NE(kill(std::stoi(FileContent(Path("id"))), 0), 0) << "the printing program still runs";
+    EXPECT_TRUE(FileContent(Path("out/briefdata.xml")).ends_with("</REPORT>"));
+    EXPECT_FALSE(std::filesystem::exists(Path("report.pdf")));
+  }
+}
+
+TEST_F(InstalledProgramTest, TellsThatItWasInstalledWithoutWindows) {
+  EXPECT_EQ(Print(), kCannotOpen);
+  EXPECT_NE(err_.find("'" + Path("bin/orvex-pdf") + "'"), std::string::npos) << err_;
+  EXPECT_EQ(out_, "");
 }
 
 }  // namespace
