@@ -134,6 +134,7 @@ TEST(NumberFormat, GreatNumbersAreFilledUpWithZeros) {
 }
 
 TEST(NumberFormat, RoundingGivesTheNumberThatTheFormatShows) {
+  EXPECT_EQ(RoundTwoDecimals(1014.696), 1014.7);
   EXPECT_EQ(RoundFourDecimals(1234.56785), 1234.5679);
   EXPECT_EQ(RoundFourDecimals(-0.00004), 0.0);
   EXPECT_EQ(RoundSixDecimals(518.6712345), 518.671235);

@@ -127,6 +127,25 @@ TEST_F(Trap, AStatementWithoutACurrentRecordIsSkippedAndTheNextOneRuns) {
   EXPECT_EQ(second, "new");
 }
 
+TEST_F(Trap, AStatementThatIgnoresNullsIsSkippedOnThemAndWithoutARecordAlone) {
+  host_.ExpectError(13, "General.Routine");
+  std::string text = "old";
+  Trapped(session_, "General.Routine", [&] {
+    const auto skip = [&](ErrorNumber number) {
+      Statement<ErrorNumber::kInvalidUseOfNull>([&] {
+        Throw(number);
+        text = "new";
+      });
+    };
+    skip(ErrorNumber::kInvalidUseOfNull);
+    skip(ErrorNumber::kNoCurrentRecord);
+    text += " value";
+    skip(ErrorNumber::kTypeMismatch);
+    text = "passed over";
+  });
+  EXPECT_EQ(text, "old value");
+}
+
 TEST_F(Trap, AStatementPassesEveryOtherFailureOn) {
   host_.ExpectError(94, "General.Routine");
   bool went_on = false;
