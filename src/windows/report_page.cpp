@@ -1,0 +1,124 @@
+#include "windows/report_page.h"
+
+#include <QFileInfo>
+#include <QWebEngineLoadingInfo>
+#include <QWebEngineScript>
+#include <utility>
+
+#include "windows/landscape.h"
+
+namespace orvex::windows {
+namespace {
+
+constexpr int kAskEveryMs = 20;
+
+/// The page's state, a line end, and the sentence in which it tells the person of it. Asked in a world of its own,
+/// where the page's scripts can't answer in its stead.
+const QString kAskState = QStringLiteral(
+    "(() => { const told = document.querySelector('[role=\"alert\"], [role=\"status\"]');"
+    " return (document.documentElement.dataset.state || '') + '\\n' + (told ? told.textContent.trim() : ''); })()");
+
+const QString kPreparePrint = QStringLiteral(
+    "(() => { try { return String(orvex.preparePrint()); } catch (fault) { return 'fault: ' + fault; } })()");
+const QString kFinishPrint = QStringLiteral("orvex.finishPrint(); undefined");
+
+QString PathText(const std::filesystem::path& path) {
+  return QFileInfo(QString::fromStdString(path.string())).absoluteFilePath();
+}
+
+QString FolderOf(const std::filesystem::path& page) { return QFileInfo(PathText(page)).absolutePath(); }
+
+/// The engine's page without what a report has no use for: other places, other windows, questions, console lines.
+class QuietPage : public QWebEnginePage {
+ public:
+  explicit QuietPage(FolderProfile& profile) : QWebEnginePage(&profile), guard_(profile.Guard()) {}
+
+ protected:
+  bool acceptNavigationRequest(const QUrl& url, NavigationType, bool) override { return guard_.Allows(url); }
+  QWebEnginePage* createWindow(WebWindowType) override { return nullptr; }
+  void javaScriptAlert(const QUrl&, const QString&) override {}
+  bool javaScriptConfirm(const QUrl&, const QString&) override { return false; }
+  bool javaScriptPrompt(const QUrl&, const QString&, const QString&, QString*) override { return false; }
+  void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString&, int, const QString&) override {}
+
+ private:
+  const FolderGuard& guard_;
+};
+
+}  // namespace
+
+ReportPage::ReportPage(const std::filesystem::path& page, QObject* parent)
+    : QObject(parent), path_(PathText(page)), profile_(FolderOf(page)), page_(std::make_unique<QuietPage>(profile_)) {
+  ask_.setInterval(kAskEveryMs);
+  ask_.setSingleShot(true);
+  connect(&ask_, &QTimer::timeout, this, &ReportPage::AskState);
+  connect(page_.get(), &QWebEnginePage::loadingChanged, this, &ReportPage::TakeLoading);
+  connect(page_.get(), &QWebEnginePage::renderProcessTerminated, this,
+          [this] { Fail(QStringLiteral("The page '%1' ended unexpectedly.").arg(path_)); });
+}
+
+ReportPage::~ReportPage() { here_.reset(); }
+
+void ReportPage::Open() {
+  state_.clear();
+  if (!QFileInfo(path_).isFile()) return Fail(QStringLiteral("The page '%1' is not there.").arg(path_));
+  page_->load(QUrl::fromLocalFile(path_));
+}
+
+void ReportPage::TakeLoading(const QWebEngineLoadingInfo& info) {
+  // A link or frame that the guard refused counts as a failed load too, of another place.
+  if (info.url() != QUrl::fromLocalFile(path_)) return;
+  if (info.status() == QWebEngineLoadingInfo::LoadSucceededStatus) AskState();
+  if (info.status() == QWebEngineLoadingInfo::LoadFailedStatus)
+    Fail(QStringLiteral("The page '%1' cannot be loaded.").arg(path_));
+}
+
+void ReportPage::AskState() {
+  page_->runJavaScript(kAskState, QWebEngineScript::ApplicationWorld, WhileHere([this](const QVariant& answer) {
+                         const auto text = answer.toString();
+                         TakeState(text.section(QLatin1Char('\n'), 0, 0), text.section(QLatin1Char('\n'), 1));
+                       }));
+}
+
+void ReportPage::TakeState(const QString& state, const QString& sentence) {
+  const bool changed = std::exchange(state_, state) != state;
+  if (state == QLatin1String("ready")) {
+    Q_EMIT Ready();
+  } else if (state == QLatin1String("failed")) {
+    Fail(sentence.isEmpty() ? QStringLiteral("The page '%1' failed.").arg(path_) : sentence);
+  } else {
+    if (changed && state == QLatin1String("waiting")) Q_EMIT Waiting(sentence);
+    ask_.start();  // also while it waits: the person may hand it the file
+  }
+}
+
+void ReportPage::Fail(const QString& sentence) {
+  ask_.stop();
+  Q_EMIT Failed(sentence);
+}
+
+void ReportPage::PreparePrint(PrintReady done) {
+  page_->runJavaScript(kPreparePrint, WhileHere([this, done = std::move(done)](const QVariant& answer) {
+                         const auto sheets = answer.toString();
+                         bool counted = false;
+                         if (sheets.toInt(&counted) > 0 && counted) return done({});
+                         done(QStringLiteral("The page '%1' cannot be laid out for printing%2.")
+                                  .arg(path_, sheets.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(sheets)));
+                       }));
+}
+
+void ReportPage::FinishPrint() { page_->runJavaScript(kFinishPrint); }
+
+void ReportPage::MakePdf(Paper paper, PdfDone done) {
+  PreparePrint([this, paper, done = std::move(done)](const QString& fault) {
+    if (!fault.isEmpty()) return done({}, fault);
+    page_->printToPdf(WhileHere([this, done](const QByteArray& pdf) {
+                        FinishPrint();
+                        done(pdf,
+                             pdf.isEmpty() ? QStringLiteral("The page '%1' cannot be printed.").arg(path_) : QString());
+                      }),
+                      Landscape(paper));
+  });
+}
+
+}  // namespace orvex::windows

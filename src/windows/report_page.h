@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QPointer>
+#include <QTimer>
+#include <QWebEnginePage>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <utility>
+
+#include "windows/folder_profile.h"
+#include "windows/paper.h"
+
+namespace orvex::windows {
+
+/// A display page of a folder, at work behind a window or the PDF program. Follows no link out of its folder, opens no
+/// window and asks nothing.
+class ReportPage : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit ReportPage(const std::filesystem::path& page, QObject* parent = nullptr);
+  ~ReportPage() override;
+
+  /// Reads the page's file; `Ready`, `Waiting` or `Failed` tells how it went.
+  void Open();
+  [[nodiscard]] QWebEnginePage& Page() { return *page_; }
+
+  /// Has the page lay itself out on sheets, makes a landscape PDF of them and puts the page back for the screen. Calls
+  /// back with the bytes of the file, or with none and a sentence saying why.
+  using PdfDone = std::function<void(const QByteArray& pdf, const QString& fault)>;
+  void MakePdf(Paper paper, PdfDone done);
+
+  /// Has the page lay itself out on sheets and calls back, with a sentence when it can't. `FinishPrint` undoes it.
+  using PrintReady = std::function<void(const QString& fault)>;
+  void PreparePrint(PrintReady done);
+  void FinishPrint();
+
+ Q_SIGNALS:
+  /// The report is drawn.
+  void Ready();
+  /// The page asks the person for the report's file, in this sentence of its own.
+  void Waiting(const QString& sentence);
+  /// The page can't show the report; the sentence is the page's own where it has one.
+  void Failed(const QString& sentence);
+
+ private:
+  void TakeLoading(const QWebEngineLoadingInfo& info);
+  void AskState();
+  void TakeState(const QString& state, const QString& sentence);
+  void Fail(const QString& sentence);
+
+  /// The engine calls back what is still open when a page ends; such a call comes to nothing.
+  template <typename Callback>
+  auto WhileHere(Callback callback) {
+    return [here = QPointer<QObject>(here_.get()), callback = std::move(callback)](const auto& answer) {
+      if (!here.isNull()) callback(answer);
+    };
+  }
+
+  QString path_;
+  FolderProfile profile_;
+  std::unique_ptr<QWebEnginePage> page_;
+  QTimer ask_;
+  QString state_;
+  std::unique_ptr<QObject> here_ = std::make_unique<QObject>();  ///< goes first
+};
+
+}  // namespace orvex::windows
