@@ -8,7 +8,7 @@ namespace orvex::windows {
 QPageLayout Landscape(Paper paper) {
   const auto size = paper == Paper::kA4 ? QPageSize::A4 : QPageSize::Letter;
   return {QPageSize(size), QPageLayout::Landscape,
-          QMarginsF(kSheetMarginMm, kSheetMarginMm, kSheetMarginMm, kSheetMarginMm), QPageLayout::Millimeter};
+          QMarginsF(kSheetMarginPt, kSheetMarginPt, kSheetMarginPt, kSheetMarginPt), QPageLayout::Point};
 }
 
 }  // namespace orvex::windows

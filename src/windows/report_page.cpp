@@ -21,6 +21,7 @@ const QString kAskState = QStringLiteral(
 const QString kPreparePrint = QStringLiteral(
     "(() => { try { return String(orvex.preparePrint()); } catch (fault) { return 'fault: ' + fault; } })()");
 const QString kFinishPrint = QStringLiteral("orvex.finishPrint(); undefined");
+const QString kCopyTable = QStringLiteral("(() => { try { return orvex.copyTable() || ''; } catch { return ''; } })()");
 
 QString PathText(const std::filesystem::path& path) {
   return QFileInfo(QString::fromStdString(path.string())).absoluteFilePath();
@@ -68,7 +69,8 @@ void ReportPage::Open() {
 void ReportPage::TakeLoading(const QWebEngineLoadingInfo& info) {
   // A link or frame that the guard refused counts as a failed load too, of another place.
   if (info.url() != QUrl::fromLocalFile(path_)) return;
-  if (info.status() == QWebEngineLoadingInfo::LoadSucceededStatus) AskState();
+  shown_ = info.status() == QWebEngineLoadingInfo::LoadSucceededStatus;
+  if (shown_) AskState();
   if (info.status() == QWebEngineLoadingInfo::LoadFailedStatus)
     Fail(QStringLiteral("The page '%1' cannot be loaded.").arg(path_));
 }
@@ -95,6 +97,11 @@ void ReportPage::TakeState(const QString& state, const QString& sentence) {
 void ReportPage::Fail(const QString& sentence) {
   ask_.stop();
   Q_EMIT Failed(sentence);
+}
+
+void ReportPage::CopyTable(std::function<void(const QString&)> done) {
+  page_->runJavaScript(kCopyTable,
+                       WhileHere([done = std::move(done)](const QVariant& answer) { done(answer.toString()); }));
 }
 
 void ReportPage::PreparePrint(PrintReady done) {

@@ -28,6 +28,13 @@ class ReportPage : public QObject {
   void Open();
   [[nodiscard]] QWebEnginePage& Page() { return *page_; }
 
+  /// The page's file was read and stands behind the window, with or without a report.
+  [[nodiscard]] bool IsShown() const { return shown_; }
+
+  /// Has the page put a table on the clipboard, as HTML and as tab-separated text: the one last touched. Calls back
+  /// with the text, empty if there was no table.
+  void CopyTable(std::function<void(const QString& text)> done);
+
   /// Has the page lay itself out on sheets, makes a landscape PDF of them and puts the page back for the screen. Calls
   /// back with the bytes of the file, or with none and a sentence saying why.
   using PdfDone = std::function<void(const QByteArray& pdf, const QString& fault)>;
@@ -65,6 +72,7 @@ class ReportPage : public QObject {
   std::unique_ptr<QWebEnginePage> page_;
   QTimer ask_;
   QString state_;
+  bool shown_ = false;
   std::unique_ptr<QObject> here_ = std::make_unique<QObject>();  ///< goes first
 };
 
