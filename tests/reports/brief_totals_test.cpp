@@ -9,6 +9,7 @@
 
 #include "emission/run_report.h"
 #include "reports/brief_report.h"
+#include "reports/report_text.h"
 #include "shell/tank_types.h"
 #include "support/random_tanks.h"
 
@@ -76,7 +77,7 @@ TEST(BriefTotals, AreTheSumsOfTheRowsWhateverTheirPeriods) {
       total += stored;
       RC_ASSERT(Shows(Shown(summary.find_child_by_attribute("id", user_id.c_str()).attribute("loss").value()), stored));
       const auto tank = report.find_child([&](const pugi::xml_node& node) {
-        return std::string(node.child_value("TankName")).starts_with(user_id + " ");
+        return std::string(node.child_value("TankName")).starts_with(ReportTankName(user_id, ""));
       });
       int lines = 0;
       const double shown = ShownLosses(tank, lines);

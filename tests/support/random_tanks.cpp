@@ -28,6 +28,11 @@ const char* OneOf(std::initializer_list<const char*> texts) {
   return *(texts.begin() + WholeBetween(0, static_cast<int>(texts.size()) - 1));
 }
 
+store::Value OneOfOrNull(std::initializer_list<const char*> texts) {
+  if (OneIn(4)) return {};
+  return OneOf(texts);
+}
+
 struct Weather {
   double coldest_f, warmest_f, insolation, wind_mph;
 };
@@ -58,6 +63,18 @@ void ChangeWeather(store::Database& reference, OfMonth of_month) {
 
 constexpr const char* kColours[] = {"White/White", "Aluminum/Specular", "Aluminum/Diffuse",
                                     "Gray/Light",  "Gray/Medium",       "Red/Primer"};
+
+/// Who a tank is: texts of all kinds, such as people write and such as take a careless writer of files by surprise.
+void ChangeIdentification(store::Database& client, int32_t ID) {
+  ChangeTank(client, ID,
+             {{"CITY", OneOfOrNull({"Sampleton", "St. John's", "\u00D6lstadt", "<City> & \"Port\""})},
+              {"STATE", OneOfOrNull({"Ohio", "New Jersey"})},
+              {"COMPANY", OneOfOrNull({"Acme", "Smith & Sons <oil>", " two  blanks "})},
+              {"DESC", OneOfOrNull({"North yard", "Two\r\nlines, and a\ttab", "100 % \u00B1 5"})}});
+  auto tank = client.OpenMatching("tank", "ID", {ID});
+  const std::string user_id = tank.Text("USER ID");
+  ChangeTank(client, ID, {{"USER ID", OneOf({"", "  ", "<b>", "\u6CB9 & "}) + user_id}});
+}
 
 void ChangePaint(store::Database& client, int32_t ID) {
   for (const auto* field : {"SHL COLSHD", "RF_COLSHD"}) ChangeTank(client, ID, {{field, kColours[WholeBetween(0, 5)]}});
@@ -126,7 +143,9 @@ int32_t AddFloating(TestSession& test, int32_t (*add)(TestSession&, FieldValues)
   const int fittings = WholeBetween(0, 4);
   for (int i = 0; i < fittings; ++i) {
     AddFitting(client, ID, i + 2,
-               {{"K_FA", Between(0, 50)},
+               {{"FIT_TYPE", OneOf({"Access Hatch (24-in. Diam.)", "Roof Leg (3-in. Diameter)", "Vacuum Breaker"})},
+                {"COVR_TYPE", OneOfOrNull({"Bolted Cover, Gasketed", "Unbolted Cover, Ungasketed", "Adjustable"})},
+                {"K_FA", Between(0, 50)},
                 {"K_FB", OneIn(2) ? 0.0 : Between(0, 150)},
                 {"K_M", OneIn(2) ? 0.0 : Between(0.5, 2.2)},
                 {"QUANTITY", static_cast<double>(WholeBetween(1, 40))}});
@@ -166,9 +185,12 @@ void MakeSingle(store::Database& client, int32_t ID, int32_t MixID) {
 }
 
 void MakeMultiple(store::Database& client, int32_t ID, int32_t MixID, bool fixed_roof) {
-  const int kind = WholeBetween(1, fixed_roof ? 3 : 2);
-  ChangeMixture(client, ID, MixID, {{"MIX NAME", kind == 2 ? "Gasoline" : "Cut"}, {"COMPONENT", shell::kMultiple}});
-  if (kind == 1) {
+  const int kind = WholeBetween(0, fixed_roof ? 3 : 2);
+  ChangeMixture(client, ID, MixID,
+                {{"MIX NAME", kind == 0 || kind == 2 ? "Gasoline" : "Cut"}, {"COMPONENT", shell::kMultiple}});
+  if (kind == 0) {
+    ChangeMixture(client, ID, MixID, {{"SPEC_OPT", shell::kNoSpeciation}});
+  } else if (kind == 1) {
     ChangeMixture(client, ID, MixID, {{"SPEC_OPT", shell::kFullSpeciation}});
     AddComponents(client, ID, MixID, OneOf({"WT_FRACT", "WEIGHT"}), 100);
   } else if (kind == 2) {
@@ -280,6 +302,7 @@ void ChangeToSteadyWeather(store::Database& reference) {
 int32_t AddRandomTank(TestSession& test, Storage storage) {
   auto& client = test.client();
   const int32_t ID = AddTankOfAnyType(test);
+  ChangeIdentification(client, ID);
   ChangePaint(client, ID);
   auto tank = client.OpenMatching("tank", "ID", {ID});
   const bool fixed_roof = shell::IsFixedRoof(tank.Text("TANK_TYPE"));

@@ -19,7 +19,7 @@ void ChangeToSteadyWeather(store::Database& reference);
 /// How many mixtures a tank has, and when.
 enum class Storage : std::uint8_t {
   kOneAllYear,   ///< one mixture in all months
-  kAnyMixtures,  ///< one or two mixtures, of all or some of the months
+  kAnyMixtures,  ///< one to three mixtures, of all or some of the months
 };
 
 /// Adds a tank of any type, paint and size with liquids of any kind, as the tank window leaves it. Gives its `ID`.
