@@ -1,16 +1,30 @@
 #include "reports/random_reports.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 
-#include <string>
+#include <string_view>
 
 #include "emission/run_report.h"
 #include "reports/brief_report.h"
+#include "reports/detail_report.h"
+#include "shell/periods.h"
 #include "support/random_tanks.h"
+#include "support/sample_tanks.h"
 
 namespace orvex::test {
 namespace {
+
+/// Who writes a kind of report, and into which file.
+struct Kind {
+  std::string_view name;
+  void (*write)(shell::Session&);
+  const char* file;
+};
+constexpr Kind kKinds[] = {{"Brief", reports::BriefReport, reports::kBriefData},
+                           {"Summary", reports::DetailReport, reports::kSummaryData},
+                           {"Detail", reports::DetailReport, reports::kSummaryData}};
 
 /// Fields of a tank that only the report reads, at random null: an inventory changes between a run and its report, too.
 constexpr const char* kFields[] = {"HEIGHT ML",  "HEIGHT AL", "HEIGHT S",  "VOLUME",    "TURNOVER",       "Q_NET",
@@ -27,47 +41,67 @@ class Inventories {
   }
 
   /// Reports on one inventory, which then is gone again.
-  void Write(const char* kind, std::vector<std::filesystem::path>& reports) {
+  void Write(std::vector<std::filesystem::path>& reports) {
     const store::Transaction of_client(test_.client()), of_reference(test_.reference());
     ChangeToRandomWeather(test_.reference());
-    test_.session.ReportType = kind;
-    test_.session.TankList.clear();
-    for (int tanks = *rc::gen::inRange(1, 5); tanks > 0; --tanks) {
-      const auto ID = AddRandomTank(test_, *rc::gen::element(Storage::kAnyMixtures, Storage::kOneAllYear));
-      ids_.push_back(ID);
-      test_.session.TankList.push_back(test_.client().OpenMatching("tank", "ID", {ID}).Text("USER ID"));
-    }
-    for (const auto* time : {"Annual", "Monthly"}) {
-      test_.session.ReportTime = time;
-      for (bool& chosen : test_.session.MonthSelected) chosen = *rc::gen::arbitrary<bool>();
-      test_.session.MonthSelected.at(*rc::gen::inRange<std::size_t>(0, 12)) = true;
-      emission::RunReport(test_.session);
-      RC_ASSERT(test_.session.PrintMode == "Report");
-      reports.push_back(Report(std::to_string(reports.size()) + "-" + kind + "-" + time + ".xml"));
-    }
+    AddTanks();
+    Run(shell::kAnnual);
+    WriteAll(shell::kAnnual, reports);
+    for (bool& chosen : test_.session.MonthSelected) chosen = *rc::gen::arbitrary<bool>();
+    test_.session.MonthSelected.at(*rc::gen::inRange<std::size_t>(0, 12)) = true;
+    Run(shell::kMonthly);
+    LoseFields();
+    WriteAll(shell::kMonthly, reports);
   }
 
  private:
-  std::filesystem::path Report(const std::string& name) {
-    reports::BriefReport(test_.session);
-    std::filesystem::rename(test_.folder.Path() / reports::kBriefData, folder_ / name);
-    return folder_ / name;
+  void AddTanks() {
+    ids_.clear();
+    test_.session.TankList.clear();
+    for (int tanks = *rc::gen::inRange(1, 5); tanks > 0; --tanks) {
+      ids_.push_back(AddRandomTank(test_, *rc::gen::element(Storage::kAnyMixtures, Storage::kOneAllYear)));
+      test_.session.TankList.push_back(test_.client().OpenMatching("tank", "ID", {ids_.back()}).Text("USER ID"));
+    }
+  }
+
+  void Run(std::string_view time) {
+    test_.session.ReportTime = time;
+    emission::RunReport(test_.session);
+    RC_ASSERT(test_.session.PrintMode == "Report");
+  }
+
+  void LoseFields() {
+    for (const auto ID : ids_) {
+      for (const auto* field : kFields)
+        if (*rc::gen::inRange(0, 8) == 0) ChangeTank(test_.client(), ID, {{field, store::Value()}});
+      if (*rc::gen::inRange(0, 8) == 0) ChangeTank(test_.client(), ID, {{"RF_TYPE", "Flat"}});
+    }
+  }
+
+  void WriteAll(std::string_view time, std::vector<std::filesystem::path>& reports) {
+    ++runs_;
+    for (const Kind& kind : kKinds) {
+      test_.session.ReportType = kind.name;
+      kind.write(test_.session);
+      reports.push_back(folder_ / fmt::format("{}-{}-{}.xml", kind.name, time, runs_));
+      std::filesystem::rename(test_.folder.Path() / kind.file, reports.back());
+    }
   }
 
   TestSession test_;
   std::filesystem::path folder_;
   std::vector<std::int32_t> ids_;
+  int runs_ = 0;
 };
 
 }  // namespace
 
-std::vector<std::filesystem::path> WriteRandomReports(const std::filesystem::path& folder, const char* kind,
-                                                      int count) {
+std::vector<std::filesystem::path> WriteRandomReports(const std::filesystem::path& folder, int inventories) {
+  constexpr int kCases = 100;  // of a property
   std::vector<std::filesystem::path> reports;
-  Inventories inventories(folder);
-  constexpr int kCases = 100;
+  Inventories all(folder);
   EXPECT_TRUE(rc::check("every run ends in a report", [&] {
-    for (int i = 0; i < count / kCases; ++i) inventories.Write(kind, reports);
+    for (int i = 0; i < inventories / kCases; ++i) all.Write(reports);
   }));
   return reports;
 }

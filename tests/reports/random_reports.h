@@ -8,9 +8,10 @@
 /// Reports on random inventories, for checks that look at many files.
 namespace orvex::test {
 
-/// Writes reports of one kind ("Brief", "Summary", "Detail") on `count` random inventories of one to four tanks into a
-/// folder: each annual and, over chosen months, monthly. Gives their paths. Fails the test when a run does not end in a
-/// report.
-std::vector<std::filesystem::path> WriteRandomReports(const std::filesystem::path& folder, const char* kind, int count);
+/// Writes the Brief, Summary and Detail reports on random inventories of one to four tanks into a folder, each annual
+/// and, over chosen months, monthly; `inventories` is a multiple of 100. A monthly report's tanks have lost some of
+/// their fields since the run. Gives the paths, whose names begin with the kind. Fails the test when a run does not end
+/// in a report.
+std::vector<std::filesystem::path> WriteRandomReports(const std::filesystem::path& folder, int inventories);
 
 }  // namespace orvex::test
