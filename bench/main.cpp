@@ -8,6 +8,7 @@
 
 #include "measurement.h"
 #include "record_case.h"
+#include "report_case.h"
 #include "results.h"
 #include "run_case.h"
 #include "store/run_time_error.h"
@@ -38,7 +39,10 @@ void MeasureAll(const Settings& settings, const Choice& choice) {
     if (chosen(run_case.key)) add(Measure(run_case, settings));
   }
   if (chosen(orvex::bench::kRecordCaseKey)) add(MeasureRecords(settings));
-  if (const auto line = orvex::bench::GrowthLine(results); !line.empty()) fmt::print("\n{}\n", line);
+  for (const auto& report_case : orvex::bench::ReportCases()) {
+    if (chosen(report_case.key)) add(Measure(report_case, settings));
+  }
+  if (const auto lines = orvex::bench::GrowthLines(results); !lines.empty()) fmt::print("\n{}", lines);
   const auto json = settings.folder / "bench.json";
   WriteJson(json, results);
   fmt::print("\nWritten to {}\n", json.string());
@@ -47,7 +51,8 @@ void MeasureAll(const Settings& settings, const Choice& choice) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  CLI::App app("Times calculation runs, and the record layer, against the least that has to be done to the files.");
+  CLI::App app(
+      "Times calculation runs, the record layer and reports against the least that has to be done to the files.");
   Settings settings;
   Choice choice;
   bool no_floor = false;

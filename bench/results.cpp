@@ -9,8 +9,17 @@ namespace orvex::bench {
 namespace {
 
 constexpr double kBytesPerMegabyte = 1024.0 * 1024.0;
-constexpr std::string_view kSmallKey = "e1";
-constexpr std::string_view kLargeKey = "e2";
+/// Two cases that differ in the number of tanks alone.
+struct GrowthPair {
+  std::string_view small_key, large_key;
+  std::string_view json_name;
+  std::string_view description;
+};
+
+constexpr GrowthPair kGrowth[] = {
+    {"e1", "e2", "time_per_tank_growth", "Time per tank at 100,000 tanks over that at 1,000"},
+    {"i1", "i2", "report_time_per_tank_growth", "Time per tank of a Detail report at 2,000 tanks over that at 500"},
+};
 
 const Measurement* Find(std::span<const Measurement> measured, std::string_view key) {
   for (const auto& one : measured) {
@@ -24,9 +33,9 @@ std::string OrDash(double value, std::string_view format) {
 }
 
 /// Time per tank of the large inventory over that of the small one; 0 unless both were measured.
-double Growth(std::span<const Measurement> measured) {
-  const auto* const small = Find(measured, kSmallKey);
-  const auto* const large = Find(measured, kLargeKey);
+double Growth(std::span<const Measurement> measured, const GrowthPair& pair) {
+  const auto* const small = Find(measured, pair.small_key);
+  const auto* const large = Find(measured, pair.large_key);
   if (small == nullptr || large == nullptr) return 0;
   return small->TanksPerSecond() / large->TanksPerSecond();
 }
@@ -45,10 +54,13 @@ std::string TableLine(const Measurement& measured) {
                      OrDash(static_cast<double>(measured.peak_bytes) / kBytesPerMegabyte, "{:.1f}"));
 }
 
-std::string GrowthLine(std::span<const Measurement> measured) {
-  const double growth = Growth(measured);
-  if (growth == 0) return {};
-  return fmt::format("Time per tank of case e2 over that of e1: {:.2f}", growth);
+std::string GrowthLines(std::span<const Measurement> measured) {
+  std::string lines;
+  for (const auto& pair : kGrowth) {
+    if (const double growth = Growth(measured, pair); growth != 0)
+      lines += fmt::format("{}: {:.2f}\n", pair.description, growth);
+  }
+  return lines;
 }
 
 void WriteJson(const std::filesystem::path& path, std::span<const Measurement> measured) {
@@ -63,7 +75,9 @@ void WriteJson(const std::filesystem::path& path, std::span<const Measurement> m
         one.RowsPerSecond(), one.Ratio(), one.peak_bytes);
     separator = ",\n";
   }
-  json += fmt::format("\n  ],\n  \"time_per_tank_growth\": {}\n}}\n", Growth(measured));
+  json += "\n  ]";
+  for (const auto& pair : kGrowth) json += fmt::format(",\n  \"{}\": {}", pair.json_name, Growth(measured, pair));
+  json += "\n}\n";
   std::ofstream file(path, std::ios::binary);
   file << json;
   file.close();

@@ -12,8 +12,8 @@ namespace orvex::bench {
 std::string TableHead();
 /// One line of it; what was not measured shows as a dash.
 std::string TableLine(const Measurement& measured);
-/// How the time per tank grows from the small to the large inventory; empty unless both were measured.
-std::string GrowthLine(std::span<const Measurement> measured);
+/// How the time per tank grows from a small to a large inventory, a line for each pair of which both were measured.
+std::string GrowthLines(std::span<const Measurement> measured);
 
 /// Writes all results, times in seconds, memory in bytes.
 void WriteJson(const std::filesystem::path& path, std::span<const Measurement> measured);
