@@ -17,7 +17,7 @@
 
   // Shows the entries that hold every word typed, and tells how many they are.
   function filterBox(places, entries, count) {
-    const box = element('input', {type: 'search', id: 'find-tank', placeholder: 'Name, type, company or place',
+    const box = element('input', {type: 'search', id: 'find-tank', placeholder: 'Name, type or place',
       autocomplete: 'off', spellcheck: 'false'});
     const matches = () => {
       const words = box.value.toLowerCase().split(/\s+/).filter((word) => word !== '');

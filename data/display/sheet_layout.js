@@ -92,8 +92,8 @@
   }
 
   /**
-   * The sheets: [[{block, scale}, or {block, from, ends, scale}]]. `scale` below 1 shrinks what is too tall for a sheet
-   * of its own.
+   * The sheets: [[{block, scale}, or {block, from, ends, scale}]]. `scale` below 1 shrinks what no sheet is tall
+   * enough for.
    * @param {object[]} blocks see above
    * @param {number} capacity the height of a sheet
    */
@@ -107,17 +107,17 @@
     }
 
     function put(item, height) {
-      item.scale = Math.min(1, capacity / height);
+      item.scale = Math.min(1, room / height);
       sheets[sheets.length - 1].push(item);
       room -= height;
     }
 
-    function putPieces(block) {
+    function putPieces(block, follows) {
       let from = 0;
       while (from < block.units.length) {
         let ends = balanced(block, from, room - block.overhead);
         if (ends[ends.length - 1] === from) {
-          if (room < capacity) {
+          if (room < capacity && !(follows && from === 0)) {
             newSheet();
             continue;
           }
@@ -133,7 +133,7 @@
       // What follows a heading was weighed with it.
       const follows = index > 0 && blocks[index - 1].keep && !block.starts;
       if (block.starts || (!follows && needed(blocks, index, room, capacity) > room)) newSheet();
-      if (block.units && block.units.length > 0) putPieces(block);
+      if (block.units && block.units.length > 0) putPieces(block, follows);
       else put({block}, block.height);
     });
     return sheets;

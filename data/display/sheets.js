@@ -125,10 +125,12 @@
     piece.append(copy);
   }
 
-  function pieceOf(block, columns, from, to) {
-    const {table, units} = block;
+  // A piece beside another keeps the room of the caption, but does not say it again.
+  function pieceOf(block, from, to, beside) {
+    const {table, units, columns} = block;
     const caption = table.caption.cloneNode(true);
     if (from > 0) caption.append(continued);
+    if (beside) caption.classList.add('beside');
     const piece = table.cloneNode(false);
     piece.append(caption, ...(columns ? [columns.cloneNode(true)] : []), table.tHead.cloneNode(true));
     if (columns) piece.classList.add('fixed');
@@ -151,7 +153,7 @@
     const pieces = [];
     let from = item.from;
     for (const end of item.ends) {
-      if (end > from) pieces.push(pieceOf(item.block, item.block.columns, from, end));
+      if (end > from) pieces.push(pieceOf(item.block, from, end, pieces.length > 0));
       from = end;
     }
     return item.block.lanes === 1 ? pieces[0] : element('div', {class: 'lanes'}, ...pieces);
@@ -159,8 +161,9 @@
 
   function scaled(content, item) {
     if (item.scale >= 1) return content;
+    // Not a transform: a block that is only painted smaller still reaches over the edge of its page.
     const frame = element('div', {class: 'shrunk'}, content);
-    frame.style.transform = `scale(${item.scale})`;
+    frame.style.zoom = String(item.scale);
     return frame;
   }
 
@@ -190,7 +193,8 @@
     const probe = sheetOf([], 1, 1);
     const frame = element('div', {class: 'sheets'}, probe);
     document.body.append(frame);
-    const height = heightOf(probe.querySelector('.sheet-body'));
+    const body = probe.querySelector('.sheet-body');
+    const height = heightOf(body) - parseFloat(getComputedStyle(body).paddingTop);
     frame.remove();
     return height;
   }

@@ -1,0 +1,180 @@
+#!/usr/bin/python3
+"""The display pages on paper: sheets that fit landscape Letter and A4, page numbers, tank names, repeated headings."""
+
+import collections
+import re
+import unittest
+
+import browser
+import reports
+
+# What leaves its sheet: [page, what], measured in the layout of paper.
+OVERFLOWS = """
+const found = [];
+for (const sheet of document.querySelectorAll('.sheet')) {
+  const body = sheet.querySelector('.sheet-body');
+  const frame = body.getBoundingClientRect();
+  for (const node of [...body.children, ...body.querySelectorAll('table, .card, figure')]) {
+    const box = node.getBoundingClientRect();
+    if (box.bottom > frame.bottom + 0.6) found.push([sheet.dataset.page, node.className, 'bottom',
+                                                     box.bottom - frame.bottom]);
+    if (box.right > frame.right + 0.6) found.push([sheet.dataset.page, node.className, 'right', box.right - frame.right]);
+  }
+}
+return found;
+"""
+
+
+class PrintTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.browser = browser.Browser()
+        cls.addClassCleanup(cls.browser.close)
+
+    def open(self, text, kind):
+        self.assertEqual(self.browser.open(reports.page_with(text, kind)), 'ready')
+
+    def print(self, paper):
+        pdf = reports.new_folder() / f'{paper}.pdf'
+        self.browser.print_pdf(pdf, paper)
+        return pdf
+
+    def in_layout_of_paper(self, script):
+        emulate = self.browser.driver.execute_cdp_cmd
+        emulate('Emulation.setEmulatedMedia', {'media': 'print'})
+        try:
+            return self.browser.run(script)
+        finally:
+            emulate('Emulation.setEmulatedMedia', {'media': ''})
+
+    def test_each_report_prints_on_landscape_letter_and_a4(self):
+        reports_of = {'brief': reports.report_text('brief'), 'summary': reports.all_months('summary'),
+                      'detail': reports.all_months('detail')}
+        sizes = {'letter': (792, 612), 'a4': (841.89, 595.28)}
+        for kind, text in reports_of.items():
+            self.open(text, kind)
+            total = self.browser.cells('.roll-up tfoot')[1]
+            sheets = self.browser.run('return orvex.preparePrint()')
+            self.assertEqual(self.in_layout_of_paper(OVERFLOWS), [], kind)
+            for paper, (width, height) in sizes.items():
+                with self.subTest(kind=kind, paper=paper):
+                    pdf = self.print(paper)
+                    pages = browser.pages_of(pdf)
+                    self.assertEqual(len(pages), sheets)
+                    for page_width, page_height in browser.page_sizes(pdf):
+                        self.assertAlmostEqual(page_width, width, delta=1)
+                        self.assertAlmostEqual(page_height, height, delta=1)
+                    self.assertTrue(any(total in page for page in pages))
+                    for number, page in enumerate(pages, 1):
+                        self.assertIn(f'Page {number} of {sheets}', page)
+
+    def test_no_number_is_lost_on_the_way_to_the_sheets(self):
+        for kind, text in (('brief', reports.all_months('brief')), ('detail', reports.report_text('detail')),
+                           ('detail', reports.all_months('detail'))):
+            with self.subTest(kind=kind):
+                self.open(text, kind)
+                self.browser.run('orvex.preparePrint()')
+                shown = collections.Counter(self.browser.cells('.sheets'))
+                expected = reports.figures(text)
+                self.assertEqual({figure: count for figure, count in expected.items() if shown[figure] < count}, {})
+
+    def test_twelve_months_fit_a_sheet_in_legible_letters(self):
+        self.open(reports.all_months('detail'), 'detail')
+        self.browser.run('orvex.preparePrint()')
+        tables = self.in_layout_of_paper("""
+            return Array.from(document.querySelectorAll('.sheets table.months'), (table) => [
+                table.tHead.rows[0].cells.length, parseFloat(getComputedStyle(table).fontSize) * 0.75])""")
+        self.assertGreater(len(tables), 24)
+        self.assertEqual({columns for columns, _ in tables}, {13})
+        self.assertGreaterEqual(min(points for _, points in tables), 5.5)
+
+    def test_every_piece_of_a_table_repeats_its_headings(self):
+        self.open(reports.all_months('detail'), 'detail')
+        sheets = self.browser.run('return orvex.preparePrint()')
+        pages = browser.pages_of(self.print('a4'))
+        continued = [page for page in pages if 'Emission calculations (continued)' in page]
+        self.assertGreater(len(continued), 10)
+        for page in continued:
+            self.assertRegex(page, r'Quantity\s+' + r'\s+'.join(reports.MONTHS))
+        self.assertEqual(len(pages), sheets)
+
+    def test_each_sheet_of_a_tank_names_it(self):
+        self.open(reports.report_text('detail', '', 'VF-103,IF-302'), 'detail')
+        self.browser.run('orvex.preparePrint()')
+        heads = self.browser.run("""return Array.from(document.querySelectorAll('.sheet'), (sheet) =>
+            [sheet.querySelector('.sheet-tank').textContent, sheet.querySelectorAll('h2').length])""")
+        names = [name for name, _ in heads]
+        first = names.index('VF-103   -   Vertical Fixed Roof Tank')
+        self.assertEqual(set(names[:first]), {''})
+        self.assertEqual(sorted(set(names[first:])),
+                         ['IF-302   -   Internal Floating Roof Tank', 'VF-103   -   Vertical Fixed Roof Tank'])
+
+    def test_sheets_of_a_brief_report_name_their_first_and_last_tank(self):
+        self.open(reports.report_text('brief'), 'brief')
+        self.browser.run('orvex.preparePrint()')
+        names = self.browser.run("""return Array.from(document.querySelectorAll('.sheet-tank'),
+            (name) => name.textContent).filter((name) => name !== '')""")
+        self.assertTrue(names[0].startswith('VF-101 … '))
+        self.assertTrue(names[-1].endswith('DE-502'))
+
+    def test_contents_tell_the_pages(self):
+        self.open(reports.report_text('detail'), 'detail')
+        self.browser.run('orvex.preparePrint()')
+        pages = browser.pages_of(self.print('letter'))
+        listed = self.browser.run("""return Array.from(document.querySelectorAll('.sheets .printed-contents tbody tr'),
+            (row) => [row.cells[0].textContent, row.cells[1].textContent, Number(row.cells[2].textContent)])""")
+        self.assertEqual(len(listed), 26)
+        for name, kind, page in listed[1:]:
+            self.assertRegex(pages[page - 1], re.escape(f'{name} - {kind}'))
+            self.assertIn('Identification and physical characteristics', pages[page - 1])
+
+    def test_no_heading_stands_alone_at_the_foot(self):
+        for text, kind in ((reports.all_months('detail'), 'detail'), (reports.report_text('brief'), 'brief')):
+            self.open(text, kind)
+            self.browser.run('orvex.preparePrint()')
+            lonely = self.browser.run("""
+                const last = Array.from(document.querySelectorAll('.sheet-body'), (body) => body.lastElementChild);
+                return last.filter((block) => {
+                  const rows = block.querySelectorAll('tr');
+                  const row = rows[rows.length - 1];
+                  return /^H[1-4]$/.test(block.tagName) || (row && row.closest('thead')) ||
+                      (row && (row.classList.contains('heading') || row.classList.contains('tank-row')));
+                }).map((block) => block.textContent.slice(-60))""")
+            self.assertEqual(lonely, [])
+
+    def test_afterwards_the_page_is_as_it_was(self):
+        self.open(reports.report_text('detail', 'Mar,Jul', 'VF-103,IF-302'), 'detail')
+        picture = 'return [document.body.textContent, document.querySelectorAll("*").length, document.body.className]'
+        before = self.browser.run(picture)
+        self.browser.run('window.dispatchEvent(new Event("beforeprint"))')
+        self.assertNotEqual(self.browser.run(picture), before)
+        self.browser.run('window.dispatchEvent(new Event("afterprint"))')
+        self.assertEqual(self.browser.run(picture), before)
+        self.assertEqual(self.browser.run('return document.documentElement.className'), '')
+
+    def test_printing_prepared_by_a_program_stays_until_it_says_so(self):
+        self.open(reports.report_text('brief'), 'brief')
+        sheets = self.browser.run('return orvex.preparePrint()')
+        self.print('letter')
+        self.assertEqual(self.browser.run('return document.querySelectorAll(".sheet").length'), sheets)
+        self.assertEqual(self.browser.run('return orvex.preparePrint()'), sheets)
+        self.browser.run('orvex.finishPrint()')
+        self.assertEqual(self.browser.run('return document.querySelectorAll(".sheet").length'), 0)
+
+    def test_person_who_prints_gets_the_same_sheets(self):
+        self.open(reports.report_text('brief'), 'brief')
+        pages = browser.pages_of(self.print('letter'))
+        self.assertIn(f'Page {len(pages)} of {len(pages)}', pages[-1])
+        self.assertEqual(self.browser.run('return document.querySelectorAll(".sheet").length'), 0)
+
+    def test_names_and_figures_of_any_length_stay_on_the_sheet(self):
+        text = reports.report_text('detail', 'Jan,Feb,Mar,Apr,May,Jun,Jul,Aug,Sep,Oct,Nov,Dec', 'VF-101')
+        text = re.sub(r'(month_\d+)="[\d,]+\.(\d{4})"', r'\1="123,456,789,012,345.\2"', text)
+        text = text.replace('Crude oil (RVP 5)', 'Crude' * 50).replace('<Description>', '<Description>' + 'x' * 6000)
+        self.open(text, 'detail')
+        self.browser.run('orvex.preparePrint()')
+        self.assertEqual(self.in_layout_of_paper(OVERFLOWS), [])
+
+
+if __name__ == '__main__':
+    unittest.main()
