@@ -6,7 +6,8 @@ set -euo pipefail
 
 # One line a group; `libcsv-dev` and the like are headers and libraries, the rest are tools.
 declare -A packages=(
-  [build]="g++ make cmake ninja-build libsqlite3-dev libpugixml-dev libcli11-dev libfmt-dev libcsv-dev"
+  [build]="g++ make cmake ninja-build libsqlite3-dev libpugixml-dev libcli11-dev libfmt-dev libcsv-dev \
+qt6-base-dev qt6-webengine-dev"
   [test]="libgtest-dev libgmock-dev librapidcheck-dev libxml2-utils locales"
   [lint]="clang-format clang-tidy shellcheck"
   [clang]="clang"
