@@ -29,7 +29,8 @@ class Host {
   virtual ~Host() = default;
 
   virtual Answer ShowMessage(const std::string& text, const std::string& title, Buttons buttons, Icon icon) = 0;
-  /// A failure was caught; the message box that tells of it comes next. A program whose messages nobody reads needs to know.
+  /// A failure was caught; the message box that tells of it comes next. A program whose messages nobody reads needs to
+  /// know.
   virtual void NoteFailure(const store::RunTimeError&) {}
   /// Path chosen; throws error 32755 when the dialog was cancelled.
   virtual std::string OpenFile(const FileRequest& request) = 0;
