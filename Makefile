@@ -33,7 +33,7 @@ run: build ## Run the program on a copy of the sample inventory, with ARGS="..."
 	@$(program) --client $(release)/run/client1.mdb --reference $(reference) --out $(release)/run $(ARGS)
 
 test: ## All that a change must pass: both compilers, sanitizers, decimal comma, format, lint
-	@$(SETUP) build test clang lint
+	@$(SETUP) build test browser clang lint
 	@tools/test.sh
 
 bench: ## Time calculation runs, with options BENCH="..." (--help names them)

@@ -1,5 +1,6 @@
 option(ORVEX_TESTS "Build the tests" ON)
 option(ORVEX_BENCH "Build the benchmarks" OFF)
+option(ORVEX_DISPLAY_TESTS "Test the display pages in a browser" OFF)
 option(ORVEX_WINDOWS "Build what needs Qt: the report window and orvex-pdf" ON)
 option(ORVEX_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
 option(ORVEX_COVERAGE "Build with line coverage (gcc)" OFF)

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that a task needs, and only those that are missing.
-#   tools/setup.sh GROUP...      groups: build test lint clang coverage
+#   tools/setup.sh GROUP...      groups: build test browser lint clang coverage
 # Written for Debian 12. Asks nothing; touches the network only when a package is missing.
 set -euo pipefail
 
@@ -9,6 +9,7 @@ declare -A packages=(
   [build]="g++ make cmake ninja-build libsqlite3-dev libpugixml-dev libcli11-dev libfmt-dev libcsv-dev \
 qt6-base-dev qt6-webengine-dev"
   [test]="libgtest-dev libgmock-dev librapidcheck-dev libxml2-utils locales"
+  [browser]="chromium chromium-driver python3 python3-selenium poppler-utils fonts-liberation"
   [lint]="clang-format clang-tidy shellcheck"
   [clang]="clang"
   [coverage]="gcovr"

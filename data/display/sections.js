@@ -145,7 +145,7 @@
   // A Brief report has a few lines a tank: one table holds them all.
   function briefSection(model) {
     return section('tanks', {class: 'brief', 'data-break': true},
-        heading('h2', 'tanks', 'Emissions by tank'), tables.tankLosses(model.tanks, anchorOf));
+        heading('h2', 'tanks', 'Tanks'), tables.tankLosses(model.tanks, anchorOf));
   }
 
   /** The nodes of the document, from top to bottom. */
