@@ -68,7 +68,8 @@ class Browser:
         return self.run('return document.getElementById("message").textContent')
 
     def text(self):
-        return self.run('return document.body.innerText')
+        # What is off the screen is no part of innerText until it is drawn.
+        return self.run('return document.body.textContent')
 
     def complaints(self):
         """What the browser's console says is wrong."""
