@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -143,16 +142,21 @@ double CheckFittings(const pugi::xml_node& tank, Faults& faults) {
 }
 
 /// Over a year the fittings lose together what the tank's fittings lose. Not so over months, of which a fitting's loss
-/// counts the days and the tank's loss the twelfth part of a year, nor under a roof, where wind does not reach a
-/// fitting.
+/// counts the days and the tank's loss the twelfth part of a year, nor where a roof keeps the wind off the fittings and
+/// only the tank's loss counts it.
 void CheckFittingLosses(const pugi::xml_node& tank, double losses, Faults& faults) {
   const auto detail = tank.child("Detail");
-  const std::string_view type = tank.child_value("TankType");
-  if (type != shell::kExternalFloatingRoof || detail.child_value("ReportUnit") != shell::kAnnual) return;
-  const auto lines = detail.child("RoofStatus").children("Value");
-  const auto count = static_cast<std::size_t>(std::distance(lines.begin(), lines.end()));
-  faults.ExpectSum(tank.child_value("TankName"), losses,
-                   Sum(FiguresOf(detail.child("Data"), "Roof Fitting Losses (lb):")), count, 4);
+  if (detail.child_value("ReportUnit") != shell::kAnnual) return;
+  std::size_t count = 0;
+  bool counts_wind = false;
+  for (const auto& line : detail.child("RoofStatus").children("Value")) {
+    ++count;
+    counts_wind = counts_wind || Figure(line.attribute("KFb").value()) != 0;
+  }
+  if (counts_wind && tank.child_value("TankType") != shell::kExternalFloatingRoof) return;
+  auto shown = FiguresOf(detail.child("Data"), "Roof Fitting Losses (lb):");
+  if (shown.empty()) shown = FiguresOf(detail.child("Data"), "Deck Fitting Losses (lb):");
+  if (!shown.empty()) faults.ExpectSum(tank.child_value("TankName"), losses, Sum(shown), count, 4);
 }
 
 void CheckHeadings(const pugi::xml_node& tank, Faults& faults) {

@@ -47,8 +47,7 @@ class Inventories {
     AddTanks();
     Run(shell::kAnnual);
     WriteAll(shell::kAnnual, reports);
-    for (bool& chosen : test_.session.MonthSelected) chosen = *rc::gen::arbitrary<bool>();
-    test_.session.MonthSelected.at(*rc::gen::inRange<std::size_t>(0, 12)) = true;
+    ChooseMonths();
     Run(shell::kMonthly);
     LoseFields();
     WriteAll(shell::kMonthly, reports);
@@ -62,6 +61,13 @@ class Inventories {
       ids_.push_back(AddRandomTank(test_, *rc::gen::element(Storage::kAnyMixtures, Storage::kOneAllYear)));
       test_.session.TankList.push_back(test_.client().OpenMatching("tank", "ID", {ids_.back()}).Text("USER ID"));
     }
+  }
+
+  /// From a single month to all of them.
+  void ChooseMonths() {
+    const int scarcity = *rc::gen::inRange(1, 13);
+    for (bool& chosen : test_.session.MonthSelected) chosen = *rc::gen::inRange(0, scarcity) == 0;
+    test_.session.MonthSelected.at(*rc::gen::inRange<std::size_t>(0, 12)) = true;
   }
 
   void Run(std::string_view time) {

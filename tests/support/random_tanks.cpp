@@ -140,6 +140,7 @@ int32_t AddFloating(TestSession& test, int32_t (*add)(TestSession&, FieldValues)
               {"DECK_SEAM_LENGTH", OneIn(2) ? 0.0 : diameter * Between(1, 40)}});
   if (OneIn(4)) ChangeTank(client, ID, {{"DECK_TYPE", "Welded"}, {"DECK_CONSTRUCT", "Welded"}});
   ChangeThroughput(client, ID, Cylinder(diameter, Between(10, 50)));
+  ChangeRow(client, "fittings", "fitid", {ID, 1}, {{"COVR_TYPE", OneOfOrNull({"Bolted Cover, Gasketed"})}});
   const int fittings = WholeBetween(0, 4);
   for (int i = 0; i < fittings; ++i) {
     AddFitting(client, ID, i + 2,
