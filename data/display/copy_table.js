@@ -74,10 +74,12 @@
     window.setTimeout(() => { button.textContent = 'Copy'; }, 1500);
   }
 
-  for (const kind of ['pointerdown', 'focusin', 'contextmenu']) {
-    document.addEventListener(kind, (event) => { touched = (event.target.closest && event.target.closest('.table-block') &&
-      tableAt(event.target)) || touched; }, true);
+  function touch(event) {
+    const block = event.target instanceof Element ? event.target.closest('.table-block') : null;
+    if (block) touched = tableAt(block);
   }
+
+  for (const kind of ['pointerdown', 'focusin', 'contextmenu']) document.addEventListener(kind, touch, true);
   document.addEventListener('click', (event) => {
     const button = event.target.closest && event.target.closest('button.copy');
     if (!button) return;

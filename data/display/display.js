@@ -82,7 +82,7 @@
   // XMLHttpRequest, since an embedded browser lets a page from disk read its neighbour with it, but not with fetch.
   function readNeighbour() {
     const refused = () => ask('waiting',
-        `The browser does not let this page read the file ${fileName} beside it, or there is none: choose it yourself.`);
+        `The browser does not let this page read the file ${fileName} beside it, or there is none: choose it here.`);
     const request = new XMLHttpRequest();
     request.onload = () => {
       // From disk the status is 0; a server's own error page is no report.

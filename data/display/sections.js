@@ -15,7 +15,9 @@
     return periods.join(', ') || 'not told';
   }
 
-  function fact(term, value) { return element('div', {class: 'fact'}, element('dt', {}, term), element('dd', {}, value)); }
+  function fact(term, value) {
+    return element('div', {class: 'fact'}, element('dt', {}, term), element('dd', {}, value));
+  }
 
   // What the year's or the months' total is: the roll-up's, or of a single tank that of its only mixture.
   function totalOf(model) {
@@ -58,7 +60,9 @@
     return element('section', Object.assign({'aria-labelledby': anchor}, attributes), ...content);
   }
 
-  function heading(level, anchor, text) { return element(level, {id: anchor, 'data-keep': true, tabindex: '-1'}, text); }
+  function heading(level, anchor, text) {
+    return element(level, {id: anchor, 'data-keep': true, tabindex: '-1'}, text);
+  }
 
   function overview(model) {
     const byTank = model.tanks.length > 1 ? chart('lossesByTank', model) : null;

@@ -5,8 +5,8 @@
 // A block is {height, keep, starts, scale} or, when it may be parted between rows, also {units, overhead, lanes}:
 //   keep      it must not be the last one on its sheet (a heading)
 //   starts    it begins a new sheet
-//   units     what stays together in a table, e.g. a row: {height, repeat, repeatHeight}; `repeat` is the heading of the
-//             unit's group, which is repeated when the group goes on elsewhere
+//   units     what stays together in a table, e.g. a row: {height, repeat, repeatHeight}; `repeat` is the heading of
+//             the unit's group, which is repeated when the group goes on elsewhere
 //   overhead  what each piece of a table costs besides its units: caption and column headings
 //   lanes     how many pieces of it stand side by side
 (function (orvex) {
@@ -78,7 +78,8 @@
   function leastOf(block, room, capacity) {
     const whole = wholeOf(block);
     if (!block.units || whole <= room) return Math.min(whole, capacity);
-    const parted = whole > capacity || (whole > capacity * smallTable && block.lanes === 1 && room > capacity * lastPart);
+    const worthBeginning = whole > capacity * smallTable && block.lanes === 1 && room > capacity * lastPart;
+    const parted = whole > capacity || worthBeginning;
     const begun = heightOf(block.units, 0, Math.min(3, block.units.length));
     return parted ? Math.min(capacity, block.overhead + Math.max(begun, capacity * smallTable / 2)) : whole;
   }

@@ -1,8 +1,8 @@
 'use strict';
 
-// Printing: the report is laid out at the width of a sheet, measured, and its blocks and table rows are moved onto sheets
-// that fit landscape Letter and landscape A4 alike. Afterwards everything goes back to its place. The browser's own page
-// breaks could not repeat a tank's name, number the pages or tell them in the contents.
+// Printing: the report is laid out at the width of a sheet, measured, and its blocks and table rows are moved onto
+// sheets that fit landscape Letter and landscape A4 alike. Afterwards everything goes back to its place. The browser's
+// own page breaks could not repeat a tank's name, number the pages or tell them in the contents.
 (function (orvex) {
   const {element} = orvex;
   const root = document.documentElement;
@@ -145,7 +145,8 @@
   }
 
   function isWhole({block, from, ends}) {
-    return !block.units || block.units.length === 0 || (block.lanes === 1 && from === 0 && ends[0] === block.units.length);
+    if (!block.units || block.units.length === 0) return true;
+    return block.lanes === 1 && from === 0 && ends[0] === block.units.length;
   }
 
   function contentOf(item) {

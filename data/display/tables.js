@@ -1,8 +1,8 @@
 'use strict';
 
-// The tables of the page. A column is {name, label, unit, group, rowHeading, figure, prose}: `name` says which text of a
-// record it shows, `group` puts it under a heading with its neighbours, `share` is its part of the width in per cent, the
-// rest is how it looks.
+// The tables of the page. A column is {name, label, unit, group, share, rowHeading, figure, prose}: `name` says which
+// text of a record it shows, `group` puts it under a heading with its neighbours, `share` is its part of the width in
+// per cent, the rest is how it looks.
 (function (orvex) {
   const {element, labels, isBlank, indentOf} = orvex;
 
@@ -16,7 +16,8 @@
 
   function headingCell(column, rows) {
     const {label, unit} = column;
-    return element('th', {scope: 'col', class: classOf(column), rowspan: rows}, label, unit ? ' ' : null, unitText(unit));
+    return element('th', {scope: 'col', class: classOf(column), rowspan: rows}, label, unit ? ' ' : null,
+        unitText(unit));
   }
 
   // Runs of columns with the same group, in order.
@@ -87,7 +88,8 @@
         head(parts.columns),
         ...parts.bodies.map((rows) => element('tbody', {}, ...rows)),
         parts.foot ? element('tfoot', {}, ...parts.foot) : null);
-    const button = element('button', {type: 'button', class: 'copy', title: `Copy the table “${parts.caption}”`}, 'Copy');
+    const title = `Copy the table “${parts.caption}”`;
+    const button = element('button', {type: 'button', class: 'copy', title}, 'Copy');
     const box = element('div', {class: 'table-box', role: 'group', 'aria-label': parts.caption}, made);
     return element('div', {class: `table-block ${parts.kind}-block`}, button, box);
   }
@@ -117,9 +119,10 @@
 
   function tankRow(tank, anchor, columnCount) {
     const place = [tank.company, tank.location].filter((text) => !isBlank(text)).join(', ');
-    return element('tr', {class: 'tank-row', 'data-tank': tank.id}, element('th', {scope: 'rowgroup', colspan: columnCount, id: anchor, tabindex: '-1'},
+    const heading = element('th', {scope: 'rowgroup', colspan: columnCount, id: anchor, tabindex: '-1'},
         element('span', {class: 'tank-name'}, tank.name),
-        place ? element('span', {class: 'place'}, ` ${place}`) : null));
+        place ? element('span', {class: 'place'}, ` ${place}`) : null);
+    return element('tr', {class: 'tank-row', 'data-tank': tank.id}, heading);
   }
 
   /** The losses of all tanks, tank after tank; `anchorOf(index)` is the id that links lead to. */
@@ -148,7 +151,8 @@
     const total = summary.total === null ? null : [element('tr', {class: 'total'},
         element('th', {scope: 'row', class: 'name', colspan: columns.length - 1}, 'Total emissions of all tanks'),
         element('td', {class: 'figure'}, summary.total))];
-    return table({kind: 'roll-up', caption: 'All tanks', columns, bodies: [rowsOf(columns, summary.tanks)], foot: total});
+    return table({kind: 'roll-up', caption: 'All tanks', columns, foot: total,
+      bodies: [rowsOf(columns, summary.tanks)]});
   }
 
   // The lines of a mixture stand out from those of its components, where there are such.
