@@ -113,18 +113,6 @@
     return copy;
   }
 
-  function append(piece, body, rows) {
-    const last = piece.lastElementChild;
-    if (last && last.source === body) {
-      last.append(...rows);
-      return;
-    }
-    const copy = body.cloneNode(false);
-    copy.source = body;
-    copy.append(...rows);
-    piece.append(copy);
-  }
-
   // A piece beside another keeps the room of the caption, but does not say it again.
   function pieceOf(block, from, to, beside) {
     const {table, units, columns} = block;
@@ -134,10 +122,20 @@
     const piece = table.cloneNode(false);
     piece.append(caption, ...(columns ? [columns.cloneNode(true)] : []), table.tHead.cloneNode(true));
     if (columns) piece.classList.add('fixed');
+    let copy = null;
+    let copied = null;
     units.slice(from, to).forEach((unit, index) => {
-      const again = index === 0 && unit.repeat ? [rowAgain(unit.repeat)] : [];
-      append(piece, unit.body, [...again, ...unit.rows]);
-      if (unit.foot) append(piece, unit.foot, unit.footRows);
+      if (unit.body !== copied) {
+        copied = unit.body;
+        copy = copied.cloneNode(false);
+        piece.append(copy);
+      }
+      if (index === 0 && unit.repeat) copy.append(rowAgain(unit.repeat));
+      copy.append(...unit.rows);
+      if (!unit.foot) return;
+      const foot = unit.foot.cloneNode(false);
+      foot.append(...unit.footRows);
+      piece.append(foot);
     });
     const frame = block.node.cloneNode(false);
     frame.append(piece);
