@@ -12,7 +12,7 @@ inline constexpr std::string_view kConstantMark = "|_";
 
 // Field words that are no names of columns of `emission`.
 inline constexpr std::string_view kBlankLine = "linebreak";        ///< a line of blanks
-inline constexpr std::string_view kHeading = "";                   ///< a label alone, its cells blank
+inline constexpr std::string_view kHeading;                        ///< a label alone, its cells blank
 inline constexpr std::string_view kRadius = "RADIUS";              ///< half of the diameter
 inline constexpr std::string_view kFixedTotal = "TOTAL_LOSS";      ///< standing and working loss
 inline constexpr std::string_view kFloatingTotal = "TOTAL_LOSS2";  ///< the four losses of a floating roof

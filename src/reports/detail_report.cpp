@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "reports/calculation_page.h"
@@ -40,10 +41,11 @@ std::vector<std::optional<DetailTank>> FindTanks(shell::Session& session) {
       continue;
     }
     const auto id = row.Long("ID");
-    tanks.push_back(DetailTank{.id = id,
-                               .unit = ReportUnit(session, mixtures, id),
-                               .name = ReportTankName(row.TextOrEmpty("USER ID"), row.TextOrEmpty("TANK_TYPE")),
-                               .location = Location(row)});
+    DetailTank tank{.id = id,
+                    .unit = ReportUnit(session, mixtures, id),
+                    .name = ReportTankName(row.TextOrEmpty("USER ID"), row.TextOrEmpty("TANK_TYPE")),
+                    .location = Location(row)};
+    tanks.push_back(std::move(tank));
   }
   return tanks;
 }
