@@ -1,5 +1,7 @@
 #pragma once
 
+#include <fmt/format.h>
+
 #include <charconv>
 #include <cmath>
 #include <optional>
@@ -26,7 +28,7 @@ class Faults {
   void ExpectSum(std::string_view what, double found, double sum, std::size_t parts, int decimals) {
     const double half_a_digit = 0.5 * std::pow(10.0, -decimals);
     if (std::abs(found - sum) <= half_a_digit * static_cast<double>(parts + 1) + 1e-12 * std::abs(sum) + 1e-9) return;
-    faults_.push_back(std::string(what) + ": " + std::to_string(found) + " instead of about " + std::to_string(sum));
+    faults_.push_back(fmt::format("{}: {} instead of about {}", what, found, sum));
   }
 
   [[nodiscard]] const std::vector<std::string>& All() const { return faults_; }
