@@ -45,7 +45,7 @@ std::vector<std::optional<DetailTank>> FindTanks(shell::Session& session) {
                     .unit = ReportUnit(session, mixtures, id),
                     .name = ReportTankName(row.TextOrEmpty("USER ID"), row.TextOrEmpty("TANK_TYPE")),
                     .location = Location(row)};
-    tanks.push_back(std::move(tank));
+    tanks.emplace_back(std::move(tank));
   }
   return tanks;
 }
