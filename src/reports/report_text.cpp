@@ -29,7 +29,7 @@ std::string ReportTankName(std::string_view user_id, std::string_view tank_type)
 }
 
 std::string PeriodText(const shell::Session& session) {
-  if (session.ReportTime == shell::kAnnual) return std::string(shell::kAnnual);
+  if (session.ReportTime != shell::kMonthly) return std::string(shell::kAnnual);
   std::string text;
   for (std::size_t i = 0; i < shell::kMonths.size(); ++i) {
     if (!session.MonthSelected[i]) continue;

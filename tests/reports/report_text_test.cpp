@@ -22,6 +22,8 @@ TEST(ReportText, PeriodNamesTheChosenMonthsInOrderOfTheYear) {
   EXPECT_EQ(PeriodText(session), "January, May, December");
   session.ReportTime = "Annual";
   EXPECT_EQ(PeriodText(session), "Annual");
+  session.ReportTime = "";
+  EXPECT_EQ(PeriodText(session), "Annual");
 }
 
 }  // namespace
