@@ -178,6 +178,15 @@ TEST(CalculationLines, ADomeHasTwoLinesOfGeometryInPlaceOfThree) {
                     kExpansionAndSaturation, kWorkingHead, kYear, kTurnovers, kMaximum, kWorkingTail}));
 }
 
+TEST(CalculationLines, AnyOtherRoofHasTheLinesOfADome) {
+  for (const auto* type : {"Flat", "", "Conelike"}) {
+    const auto lines = Shown({.tank_type = shell::kVerticalFixedRoof, .roof_type = type});
+    ASSERT_EQ(lines.size(), 70U) << type;
+    EXPECT_EQ(Lines(lines.begin() + 14, lines.begin() + 19),
+              Joined({{std::string("Roof Outage (") + type + " Roof) | "}, {kDomeRoof.begin() + 1, kDomeRoof.end()}}));
+  }
+}
+
 TEST(CalculationLines, ARoofTypeIsAConeWhateverItsCaseAndBlanks) {
   const auto lines = Shown({.tank_type = shell::kVerticalFixedRoof, .roof_type = " cONE "});
   EXPECT_EQ(lines[14], "Roof Outage ( cONE  Roof) | ");

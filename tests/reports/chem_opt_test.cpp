@@ -48,6 +48,25 @@ TEST_F(ChemOptTest, ADistillateNeedsReidPressureAndSlope) {
   EXPECT_EQ(Basis(), "Option 3: A=1, B=2");
 }
 
+TEST_F(ChemOptTest, NegativeReidPressuresAndSlopesCountAsNone) {
+  AddChemical(shell::kPetroleumDistillates, {{"REID", -5.0}, {"ASTM_SLOPE", 3.0}, {"VP_2_A", 1.0}, {"VP_2_B", 2.0}});
+  EXPECT_EQ(Basis(), "Option 3: A=1, B=2");
+  test::ChangeRow(test_.reference(), "chemical", "chemname", {"Stuff"}, {{"REID", 5.0}, {"ASTM_SLOPE", -3.0}});
+  EXPECT_EQ(Basis(), "Option 3: A=1, B=2");
+  test::ChangeRow(test_.reference(), "chemical", "chemname", {"Stuff"},
+                  {{"CATEGORY", shell::kCrudeOils}, {"REID", -5.0}});
+  EXPECT_EQ(Basis(), "Option 3: A=1, B=2");
+}
+
+TEST_F(ChemOptTest, CoefficientsComeBeforeConstantsAndTheseBeforeTheTable) {
+  AddTable({{"VP_COEF_A", 6.0}, {"VP_COEF_B", 1200.0}, {"VP_COEF_C", 220.0}, {"VP_2_A", 5.0}, {"VP_2_B", 4.0}});
+  EXPECT_EQ(Basis(), "Option 2: A=6, B=1200, C=220");
+  test::ChangeRow(test_.reference(), "chemical", "chemname", {"Stuff"}, {{"VP_COEF_B", 0.0}});
+  EXPECT_EQ(Basis(), "Option 3: A=5, B=4");
+  test::ChangeRow(test_.reference(), "chemical", "chemname", {"Stuff"}, {{"VP_2_A", 0.0}});
+  EXPECT_EQ(Basis(), "Option 1: VP50 = 0.5 VP60 = 0.625");
+}
+
 TEST_F(ChemOptTest, AnOrganicLiquidIgnoresItsReidPressure) {
   AddChemical(shell::kOrganicLiquids, {{"REID", 5.0}, {"ASTM_SLOPE", 3.0}, {"VP_2_A", 7009.5}, {"VP_2_B", -2.5}});
   EXPECT_EQ(Basis(), "Option 3: A=7009.5, B=-2.5");
@@ -93,10 +112,15 @@ TEST_F(ChemOptTest, AboveAHundredTheTableIsNoBasis) {
 }
 
 TEST_F(ChemOptTest, ATableWithAGapIsNoBasis) {
-  AddTable({{"VP_100", 0.0}});
-  EXPECT_EQ(Basis(), "");
-  test::ChangeRow(test_.reference(), "chemical", "chemname", {"Stuff"}, {{"VP_100", store::Value()}});
-  EXPECT_EQ(Basis(), "");
+  AddTable();
+  for (const auto* point : {"VP_40", "VP_50", "VP_60", "VP_70", "VP_80", "VP_90", "VP_100"}) {
+    for (const auto& gap : {store::Value(0.0), store::Value()}) {
+      test::ChangeRow(test_.reference(), "chemical", "chemname", {"Stuff"}, {{point, gap}});
+      EXPECT_EQ(Basis(55), "") << point;
+    }
+    test::ChangeRow(test_.reference(), "chemical", "chemname", {"Stuff"}, {{point, 1.5}});
+    EXPECT_NE(Basis(55), "") << point;
+  }
 }
 
 TEST_F(ChemOptTest, AnotherCategoryHasNoBasis) {

@@ -72,6 +72,14 @@ TEST_F(FittingLossTest, ANullInOneMonthLeavesOutThatMonth) {
   EXPECT_NEAR(Loss(true), 1.72603, 1e-5);
 }
 
+TEST_F(FittingLossTest, ANullWindInOneMonthKeepsTheFactorOfTheMonthBefore) {
+  AddPeriod(shell::kExternalFloatingRoof, "January", 10);
+  AddPeriod(shell::kExternalFloatingRoof, "February", 0);
+  test::ChangeRow(test_.client(), "emission", "COMPID", {1, 1, "Benzene", "February"}, {{"M_V", store::Value()}});
+  // F = 78 in both: 390 x (31 + 28)/365 = 63.04110.
+  EXPECT_NEAR(Loss(true), 63.04110, 1e-5);
+}
+
 TEST_F(FittingLossTest, APowerWithoutAValueIsReported) {
   AddPeriod(shell::kExternalFloatingRoof, "Annual", 0);
   ChangeFitting("K_M", -1.0);

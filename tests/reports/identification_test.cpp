@@ -108,10 +108,31 @@ TEST_F(IdentificationTest, AConeHasItsSlopeADomeItsRadiusAndAFlatRoofNoSize) {
   EXPECT_EQ(Texts(Physical(ID).child("RoofChar")), (Strings{"Type=Flat", "Height=0.00"}));
 }
 
+TEST_F(IdentificationTest, ARoofTypeSpeltInAnotherWayHasNoSize) {
+  for (const auto* type : {"CONE", "dome", "Cone "}) {
+    const auto ID = test::AddVerticalTank(test_, {{"RF_TYPE", type}});
+    EXPECT_FALSE(Physical(ID).child("RoofChar").child("Size")) << type;
+  }
+}
+
+TEST_F(IdentificationTest, TheFormIsThatOfTheTypeWhateverItsCaseAndBlanks) {
+  const auto ID = test::AddInternalTank(test_, {{"TANK_TYPE", " INTERNAL floating roof Tank "}});
+  const auto physical = Physical(ID);
+  EXPECT_EQ(Texts(physical.child("DeckChar")).size(), 5U);
+  EXPECT_EQ(Attributes(physical.child("DeckChar")), (Strings{"Type= INTERNAL floating roof Tank "}));
+  EXPECT_STREQ(page_.child_value("TankType"), " INTERNAL floating roof Tank ");
+  EXPECT_TRUE(std::string(page_.child_value("TankName")).ends_with("   -   INTERNAL floating roof Tank"));
+}
+
 TEST_F(IdentificationTest, WithoutColumnsTheirDiameterIsZeroWhateverIsStored) {
   const auto ID = test::AddInternalTank(test_, {{"COL_NO", 0.0}, {"COL_DIAM", 1.1}});
   EXPECT_STREQ(Physical(ID).child("Dimensions").child_value("ColDiam"), "0.00");
   EXPECT_STREQ(Physical(ID).child("Dimensions").child_value("NumCols"), "0.00");
+  Change(ID, "COL_NO", -1.0);
+  EXPECT_STREQ(Physical(ID).child("Dimensions").child_value("ColDiam"), "0.00");
+  Change(ID, "COL_NO", Value());
+  EXPECT_STREQ(Physical(ID).child("Dimensions").child_value("ColDiam"), "0.00");
+  EXPECT_FALSE(Physical(ID).child("Dimensions").child("NumCols"));
 }
 
 TEST_F(IdentificationTest, OnlyABoltedDeckHasSeams) {
@@ -119,6 +140,18 @@ TEST_F(IdentificationTest, OnlyABoltedDeckHasSeams) {
   EXPECT_EQ(Texts(Physical(ID).child("DeckChar")), (Strings{"Fitting=Detail", "Type=Welded"}));
   Change(ID, "DECK_TYPE", "boLTed");
   EXPECT_EQ(Texts(Physical(ID).child("DeckChar")).size(), 5U);
+  Change(ID, "DECK_TYPE", "Bolted ");
+  EXPECT_EQ(Texts(Physical(ID).child("DeckChar")), (Strings{"Fitting=Detail", "Type=Bolted "}));
+}
+
+TEST_F(IdentificationTest, ANullTextOrFlagLeavesOutItsElementAlone) {
+  const auto ID = test::AddHorizontalTank(test_);
+  Change(ID, "SHL COLSHD", Value());
+  EXPECT_EQ(Texts(Physical(ID).child("PaintChar")), (Strings{"ShellCondition=Good"}));
+  Change(ID, "HEATED", Value());
+  EXPECT_EQ(Texts(Physical(ID).child("Dimensions")),
+            (Strings{"ShellLength=20.00", "Diameter=10.00", "Volume=10,800.00", "Turnovers=10.00",
+                     "NetThroughput=108,000.00", "Underground=N"}));
 }
 
 TEST_F(IdentificationTest, ANullNumberLeavesOutItsElementAlone) {
@@ -157,6 +190,21 @@ TEST_F(IdentificationTest, ANullCoverRepeatsTheOneBeforeAndIsEmptyInTheFirstRow)
   EXPECT_EQ(covers, (Strings{"", "Open", "Open"}));
 }
 
+TEST_F(IdentificationTest, ANullTypeOrQuantityOfAFittingLeavesOutItsAttributeAlone) {
+  const auto ID = test::AddExternalTank(test_);
+  const auto fitting = [&] { return Attributes(Physical(ID).child("DeckFitting").child("Fitting")); };
+  const std::string type = "FitType=Access Hatch (24-in. Diam.)", cover = "CoverType=Bolted Cover, Gasketed";
+  test::ChangeRow(test_.client(), "fittings", "fitid", {ID, 1}, {{"QUANTITY", Value()}});
+  EXPECT_EQ(fitting(), (Strings{type, cover}));
+  test::ChangeRow(test_.client(), "fittings", "fitid", {ID, 1}, {{"QUANTITY", 4.0}, {"FIT_TYPE", Value()}});
+  EXPECT_EQ(fitting(), (Strings{cover, "Quantity=4.00"}));
+}
+
+TEST_F(IdentificationTest, WithoutACategoryNoFittingIsListed) {
+  const auto ID = test::AddExternalTank(test_, {{"FITTING", Value()}});
+  EXPECT_EQ(Xml(Physical(ID).child("DeckFitting")), "");
+}
+
 TEST_F(IdentificationTest, ThePressureOfTheCityHasNoZerosAtItsEnd) {
   const auto ID = test::AddVerticalTank(test_);
   struct {
@@ -175,6 +223,12 @@ TEST_F(IdentificationTest, ACityThatIsNotThereHasNoWeather) {
   Change(ID, "MET CTYST", "Nowhere, Ohio");
   EXPECT_FALSE(Physical(ID).child("MeteorologicalData"));
   Change(ID, "MET CTYST", Value());
+  EXPECT_FALSE(Physical(ID).child("MeteorologicalData"));
+}
+
+TEST_F(IdentificationTest, ACityOfUnknownPressureHasNoWeather) {
+  const auto ID = test::AddVerticalTank(test_);
+  test::ChangeRow(test_.reference(), "met", "CTYST", {test::kSampleCity}, {{"ATMOS_PRS", Value()}});
   EXPECT_FALSE(Physical(ID).child("MeteorologicalData"));
 }
 

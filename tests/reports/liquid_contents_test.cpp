@@ -103,6 +103,35 @@ TEST_F(LiquidContentsTest, MonthsComeInTheOrderOfTheCalendarWithTheirComponents)
                      component("Toluene"), "Dec Mix", component("Benzene"), component("Toluene")}));
 }
 
+TEST_F(LiquidContentsTest, EachOfTwelveMonthsHasItsMixtureAndItsComponents) {
+  for (const auto& month : shell::kMonths) {
+    AddEmission(1, shell::kVerticalFixedRoof, {{"MONTH", month.name}, {"PRIMARY", false}, {"NAME", "Toluene"}});
+    AddEmission(1, shell::kVerticalFixedRoof, {{"MONTH", month.name}, {"NAME", "Mix"}});
+  }
+  Strings expected;
+  for (const auto* month : {"Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"}) {
+    expected.push_back(month + std::string(" Mix"));
+    expected.push_back(kNbsp + " " + test::Nbsp(2) + "Toluene");
+  }
+  EXPECT_EQ(Rows(Monthly(1)), expected);
+}
+
+TEST_F(LiquidContentsTest, TheBasisIsThatAtTheTemperatureInDegreesFahrenheit) {
+  test::AddRow(test_.reference(), "chemical", {{"NAME", "Stuff"}, {"CATEGORY", "Organic Liquids"}});
+  for (const auto* point : {"VP_40", "VP_50", "VP_60", "VP_70", "VP_80", "VP_90", "VP_100"})
+    test::ChangeRow(test_.reference(), "chemical", "chemname", {"Stuff"}, {{point, 0.5}});
+  // 504.67 R is 45 deg F.
+  AddEmission(1, shell::kVerticalFixedRoof, {{"NAME", "Stuff"}, {"ALS_TEMP", 504.67}});
+  EXPECT_STREQ(Page(Annual(1)).child_value("Basis"), "Option 1: VP40 = 0.5 VP50 = 0.5");
+}
+
+TEST_F(LiquidContentsTest, AHorizontalTankHasMinimumAndMaximum) {
+  AddEmission(1, shell::kHorizontal, {{"M_VP", 2.0}, {"X_VP", 3.0}});
+  const auto row = Page(Annual(1));
+  EXPECT_STREQ(row.child_value("MinPressure"), "2.0000");
+  EXPECT_STREQ(row.child_value("MaxPressure"), "3.0000");
+}
+
 TEST_F(LiquidContentsTest, MixturesOfAMonthComeByTheirNumbers) {
   AddEmission(1, shell::kVerticalFixedRoof, {{"MONTH", "May"}, {"MIX ID", 2}, {"NAME", "A"}});
   AddEmission(1, shell::kVerticalFixedRoof, {{"MONTH", "May"}, {"MIX ID", 1}, {"NAME", "B"}});
