@@ -177,5 +177,20 @@ TEST_F(WholeRunTest, ARunTimeFailureIsToldAndTheRestIsPrinted) {
   EXPECT_EQ(out_.str().find("Report: "), std::string::npos) << out_.str();
 }
 
+TEST_F(WholeRunTest, ACalculationCellThatFailsIsToldAndTheRestOfTheReportWritten) {
+  // The losses are computed by the type as it is spelt, the page looks for "VERTICAL" in it: of a tank whose type
+  // stands in capitals it shows columns that a floating roof's loss leaves null.
+  test::AddVerticalTank(test_, {{"USER ID", "W"}, {"TANK_TYPE", "VERTICAL FIXED ROOF TANK"}});
+  ASSERT_EQ(RunOn({"--annual", "--kind", "summary", "--tanks", "W"}), kDone) << err_.str();
+  EXPECT_EQ(RunOn({"--annual", "--kind", "detail", "--tanks", "W"}), kRunTimeFailure);
+  EXPECT_TRUE(Told("  error: Invalid use of Null in the field 'VS_VOL' of the table 'emission'.\n")) << err_.str();
+  EXPECT_FALSE(Told("Number: ")) << err_.str();
+  EXPECT_TRUE(Told("run-time failures were reported: figures may be missing")) << err_.str();
+  const auto report = FileContent(Output() / "summarydata.xml");
+  EXPECT_EQ(Count(report, "<Value label=\"\u00A0\u00A0\u00A0Vapor Space Volume (cu ft):\"/>"), 2);
+  EXPECT_EQ(Count(report, "<Value label=\"Standing Losses (lb):\" month_0=\"0.0000\"/>"), 1);
+  EXPECT_TRUE(report.ends_with("</REPORT>"));
+}
+
 }  // namespace
 }  // namespace orvex::report_app
