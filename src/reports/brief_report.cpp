@@ -7,17 +7,15 @@
 #include "reports/component_lines.h"
 #include "reports/losses.h"
 #include "reports/report_document.h"
+#include "reports/report_file.h"
 #include "reports/report_text.h"
 #include "reports/report_unit.h"
 #include "reports/tank_sums.h"
 #include "shell/periods.h"
-#include "shell/status.h"
-#include "shell/trap.h"
 
 namespace orvex::reports {
 namespace {
 
-constexpr std::string_view kLabel = "frmPreview.BriefReport";
 constexpr int kComponentIndent = 6;
 
 /// A chosen tank as its rows of `emission` tell it.
@@ -95,13 +93,7 @@ void AddContent(shell::Session& session, pugi::xml_node report) {
 }  // namespace
 
 void BriefReport(shell::Session& session) {
-  shell::Trapped(session, kLabel, [&] {
-    const shell::BusyScope busy(session.host, "Processing report");
-    ReportDocument document;
-    AddContent(session, document.Root());
-    document.Save(session.application_folder / kBriefData);
-    session.host.Navigate((session.application_folder / kBriefDisplay).string());
-  });
+  WriteReport(session, {.routine = "frmPreview.BriefReport", .data = kBriefData, .display = kBriefDisplay}, AddContent);
 }
 
 }  // namespace orvex::reports

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -12,15 +13,13 @@
 #include "reports/identification.h"
 #include "reports/liquid_contents.h"
 #include "reports/report_document.h"
+#include "reports/report_file.h"
 #include "reports/report_text.h"
 #include "reports/report_unit.h"
-#include "shell/status.h"
-#include "shell/trap.h"
 
 namespace orvex::reports {
 namespace {
 
-constexpr std::string_view kLabel = "frmPreview.DetailReport";
 constexpr std::string_view kSummaryType = "Summary";
 
 std::string Location(store::RecordSet& tank) {
@@ -87,13 +86,8 @@ void AddContent(shell::Session& session, pugi::xml_node report) {
 }  // namespace
 
 void DetailReport(shell::Session& session) {
-  shell::Trapped(session, kLabel, [&] {
-    const shell::BusyScope busy(session.host, "Processing report");
-    ReportDocument document;
-    AddContent(session, document.Root());
-    document.Save(session.application_folder / kSummaryData);
-    session.host.Navigate((session.application_folder / kSummaryDisplay).string());
-  });
+  WriteReport(session, {.routine = "frmPreview.DetailReport", .data = kSummaryData, .display = kSummaryDisplay},
+              AddContent);
 }
 
 }  // namespace orvex::reports

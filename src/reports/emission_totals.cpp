@@ -1,7 +1,6 @@
 #include "reports/emission_totals.h"
 
 #include <string>
-#include <utility>
 
 #include "reports/component_lines.h"
 #include "reports/report_document.h"

@@ -3,6 +3,7 @@
 #include <optional>
 #include <pugixml.hpp>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "reports/detail_tank.h"
