@@ -7,10 +7,9 @@
 #include <pugixml.hpp>
 #include <string>
 
-#include "emission/run_report.h"
 #include "reports/brief_report.h"
+#include "reports/random_reports.h"
 #include "reports/report_text.h"
-#include "shell/tank_types.h"
 #include "support/random_tanks.h"
 
 namespace orvex::reports {
@@ -55,16 +54,7 @@ TEST(BriefTotals, AreTheSumsOfTheRowsWhateverTheirPeriods) {
   test::AddRandomTankReference(test.reference());
   EXPECT_TRUE(rc::check("a Brief report's totals are the sums of its rows", [&] {
     const store::Transaction of_client(test.client()), of_reference(test.reference());
-    test::ChangeToRandomWeather(test.reference());
-    test.session.TankList.clear();
-    for (int i = 0; i < 2; ++i) {
-      const auto ID = test::AddRandomTank(test, test::Storage::kAnyMixtures);
-      test.session.TankList.push_back(test.client().OpenMatching("tank", "ID", {ID}).Text("USER ID"));
-    }
-    test.session.ReportTime = *rc::gen::element("Annual", "Monthly");
-    test.session.MonthSelected.fill(true);
-    emission::RunReport(test.session);
-    RC_ASSERT(test.session.PrintMode == "Report");
+    test::RunOnTwoRandomTanks(test);
     BriefReport(test.session);
 
     pugi::xml_document document;

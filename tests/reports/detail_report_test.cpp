@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "emission/run_report.h"
 #include "reports/detail_fixture.h"
+#include "reports/random_reports.h"
 #include "shell/tank_types.h"
 #include "store/number_text.h"
 #include "support/file_content.h"
@@ -214,17 +214,8 @@ TEST(DetailTotals, TheRollUpIsTheSumOfATanksPrimaryLines) {
   test::AddRandomTankReference(test.reference());
   EXPECT_TRUE(rc::check("a tank's figure is the same in its totals and in the roll-up", [&] {
     const store::Transaction of_client(test.client()), of_reference(test.reference());
-    test::ChangeToRandomWeather(test.reference());
-    test.session.TankList.clear();
-    for (int i = 0; i < 2; ++i) {
-      const auto ID = test::AddRandomTank(test, test::Storage::kAnyMixtures);
-      test.session.TankList.push_back(test.client().OpenMatching("tank", "ID", {ID}).Text("USER ID"));
-    }
+    test::RunOnTwoRandomTanks(test);
     test.session.ReportType = *rc::gen::element("Summary", "Detail");
-    test.session.ReportTime = *rc::gen::element("Annual", "Monthly");
-    test.session.MonthSelected.fill(true);
-    emission::RunReport(test.session);
-    RC_ASSERT(test.session.PrintMode == "Report");
     DetailReport(test.session);
     pugi::xml_document document;
     RC_ASSERT(document.load_file((test.folder.Path() / kSummaryData).c_str()));

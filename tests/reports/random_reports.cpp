@@ -119,4 +119,17 @@ std::vector<std::filesystem::path> WriteRandomReports(const std::filesystem::pat
   return reports;
 }
 
+void RunOnTwoRandomTanks(TestSession& test) {
+  ChangeToRandomWeather(test.reference());
+  test.session.TankList.clear();
+  for (int i = 0; i < 2; ++i) {
+    const auto ID = AddRandomTank(test, Storage::kAnyMixtures);
+    test.session.TankList.push_back(test.client().OpenMatching("tank", "ID", {ID}).Text("USER ID"));
+  }
+  test.session.ReportTime = *rc::gen::element("Annual", "Monthly");
+  test.session.MonthSelected.fill(true);
+  emission::RunReport(test.session);
+  RC_ASSERT(test.session.PrintMode == "Report");
+}
+
 }  // namespace orvex::test

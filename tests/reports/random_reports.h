@@ -14,4 +14,8 @@ namespace orvex::test {
 /// in a report.
 std::vector<std::filesystem::path> WriteRandomReports(const std::filesystem::path& folder, int inventories);
 
+/// Chooses two random tanks in random weather and runs the calculation for a report on them, annual or of all months.
+/// For the body of a property, which undoes it.
+void RunOnTwoRandomTanks(TestSession& test);
+
 }  // namespace orvex::test
