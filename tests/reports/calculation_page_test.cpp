@@ -126,6 +126,13 @@ TEST_F(CalculationPageTest, TheConstantOfAMonthlyReportIsJoinedByBars) {
   EXPECT_EQ(DetCalcHCLine(test_.session, "10.731", rows, false), "10.731");
 }
 
+TEST_F(CalculationPageTest, AFailureInTheConstantIsReportedForItsRoutine) {
+  AddMonth("January", 1);
+  auto rows = test_.client().OpenQuery("SELECT ID FROM emission");
+  test_.host.ExpectError(3265, "frmPreview.DetCalcHCLine");
+  EXPECT_EQ(DetCalcHCLine(test_.session, "10.731", rows, true), "");
+}
+
 TEST_F(CalculationPageTest, EveryMonthOfTheConstantLineHoldsTheJoinedText) {
   const auto ID = test::AddVerticalTank(test_);
   for (const auto* month : {"January", "March"}) AddEmission(ID, shell::kVerticalFixedRoof, {{"MONTH", month}});

@@ -167,6 +167,17 @@ TEST_F(DetailReportTest, AFailingPageLeavesTheOthersStanding) {
   EXPECT_TRUE(Report({"V"}).child("Tank").child("EmissionTotals").child("COMPONENT"));
 }
 
+TEST_F(DetailReportTest, AReportThatFailsAsAWholeLeavesTheFileOfTheLastOne) {
+  AddTank("V");
+  Report({"V"});
+  const auto last = test::FileContent(test_.folder.Path() / "summarydata.xml");
+  test_.client().DeleteTable("mixtures");
+  test_.host.ExpectError(3011, "frmPreview.DetailReport");
+  Report({"V", "V"});
+  EXPECT_EQ(test::FileContent(test_.folder.Path() / "summarydata.xml"), last);
+  EXPECT_EQ(test_.host.pages.size(), 1U);
+}
+
 TEST_F(DetailReportTest, NamesAreData) {
   const std::string name = "<img src=x onerror=\"alert('1')\"> & co";
   AddTank(name);
