@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-layers=(store shell emission reports) # each may include those in front of it
+layers=(store shell emission reports windows) # each may include those in front of it
 
 CheckIncludes() {
   local i higher result=0
@@ -16,8 +16,8 @@ CheckIncludes() {
       result=1
     fi
   done
-  if grep -rnE '#include <Q[A-Z]' src apps --exclude-dir=windows --exclude-dir=orvex; then
-    printf 'only src/windows and apps/orvex may include Qt\n' >&2
+  if grep -rnE '#include [<"](Q[A-Z]|Qt|q[a-z]+\.h)' src apps tools bench --exclude-dir=windows; then
+    printf 'only src/windows may include Qt\n' >&2
     result=1
   fi
   return "$result"

@@ -4,12 +4,13 @@
 # Written for Debian 12. Asks nothing; touches the network only when a package is missing.
 set -euo pipefail
 
-# One line a group; `libcsv-dev` and the like are headers and libraries, the rest are tools.
+# `libcsv-dev` and the like are headers and libraries; the reports are printed with the letters of fonts-liberation;
+# the rest are tools.
 declare -A packages=(
   [build]="g++ make cmake ninja-build libsqlite3-dev libpugixml-dev libcli11-dev libfmt-dev libcsv-dev \
-qt6-base-dev qt6-webengine-dev"
-  [test]="libgtest-dev libgmock-dev librapidcheck-dev libxml2-utils locales"
-  [browser]="chromium chromium-driver python3 python3-selenium poppler-utils fonts-liberation"
+    qt6-base-dev qt6-webengine-dev fonts-liberation"
+  [test]="libgtest-dev libgmock-dev librapidcheck-dev libxml2-utils locales poppler-utils"
+  [browser]="chromium chromium-driver python3 python3-selenium"
   [lint]="clang-format clang-tidy shellcheck"
   [clang]="clang"
   [coverage]="gcovr"

@@ -11,6 +11,7 @@ namespace orvex::windows {
 namespace {
 
 constexpr int kAskEveryMs = 20;
+constexpr int kAnswerWithinMs = 1000;
 
 /// The page's state, a line end, and the sentence in which it tells the person of it. Asked in a world of its own,
 /// where the page's scripts can't answer in its stead.
@@ -19,7 +20,7 @@ const QString kAskState = QStringLiteral(
     " return (document.documentElement.dataset.state || '') + '\\n' + (told ? told.textContent.trim() : ''); })()");
 
 const QString kPreparePrint = QStringLiteral(
-    "(() => { try { return String(orvex.preparePrint()); } catch (fault) { return 'fault: ' + fault; } })()");
+    "(() => { try { return String(orvex.preparePrint()); } catch (fault) { return String(fault); } })()");
 const QString kFinishPrint = QStringLiteral("orvex.finishPrint(); undefined");
 const QString kCopyTable = QStringLiteral("(() => { try { return orvex.copyTable() || ''; } catch { return ''; } })()");
 
@@ -51,11 +52,12 @@ class QuietPage : public QWebEnginePage {
 ReportPage::ReportPage(const std::filesystem::path& page, QObject* parent)
     : QObject(parent), path_(PathText(page)), profile_(FolderOf(page)), page_(std::make_unique<QuietPage>(profile_)) {
   ask_.setInterval(kAskEveryMs);
-  ask_.setSingleShot(true);
   connect(&ask_, &QTimer::timeout, this, &ReportPage::AskState);
   connect(page_.get(), &QWebEnginePage::loadingChanged, this, &ReportPage::TakeLoading);
-  connect(page_.get(), &QWebEnginePage::renderProcessTerminated, this,
-          [this] { Fail(QStringLiteral("The page '%1' ended unexpectedly.").arg(path_)); });
+  connect(page_.get(), &QWebEnginePage::renderProcessTerminated, this, [this] {
+    ended_ = true;
+    Fail(QStringLiteral("The page '%1' ended unexpectedly.").arg(path_));
+  });
 }
 
 ReportPage::~ReportPage() { here_.reset(); }
@@ -64,34 +66,40 @@ void ReportPage::Open() {
   state_.clear();
   if (!QFileInfo(path_).isFile()) return Fail(QStringLiteral("The page '%1' is not there.").arg(path_));
   page_->load(QUrl::fromLocalFile(path_));
+  // From here on, since a link that is refused meanwhile takes the place of the news that the page was read.
+  ask_.start();
 }
 
 void ReportPage::TakeLoading(const QWebEngineLoadingInfo& info) {
   // A link or frame that the guard refused counts as a failed load too, of another place.
-  if (info.url() != QUrl::fromLocalFile(path_)) return;
-  shown_ = info.status() == QWebEngineLoadingInfo::LoadSucceededStatus;
-  if (shown_) AskState();
-  if (info.status() == QWebEngineLoadingInfo::LoadFailedStatus)
+  if (info.status() == QWebEngineLoadingInfo::LoadFailedStatus && info.url() == QUrl::fromLocalFile(path_))
     Fail(QStringLiteral("The page '%1' cannot be loaded.").arg(path_));
 }
 
+bool ReportPage::IsShown() const { return !ended_ && page_->url() == QUrl::fromLocalFile(path_); }
+
 void ReportPage::AskState() {
+  // An answer may never come when the page took the place of the empty one meanwhile.
+  if (asked_.isValid() && asked_.elapsed() < kAnswerWithinMs) return;
+  asked_.start();
   page_->runJavaScript(kAskState, QWebEngineScript::ApplicationWorld, WhileHere([this](const QVariant& answer) {
+                         asked_.invalidate();
                          const auto text = answer.toString();
                          TakeState(text.section(QLatin1Char('\n'), 0, 0), text.section(QLatin1Char('\n'), 1));
                        }));
 }
 
 void ReportPage::TakeState(const QString& state, const QString& sentence) {
-  const bool changed = std::exchange(state_, state) != state;
+  if (!ask_.isActive()) return;
+  if (std::exchange(state_, state) == state) return;
   if (state == QLatin1String("ready")) {
+    ask_.stop();
     Q_EMIT Ready();
-  } else if (state == QLatin1String("failed")) {
-    Fail(sentence.isEmpty() ? QStringLiteral("The page '%1' failed.").arg(path_) : sentence);
-  } else {
-    if (changed && state == QLatin1String("waiting")) Q_EMIT Waiting(sentence);
-    ask_.start();  // also while it waits: the person may hand it the file
   }
+  // Of these two there is more to come: the person may hand the page its file.
+  if (state == QLatin1String("waiting")) Q_EMIT Waiting(sentence);
+  if (state == QLatin1String("failed"))
+    Q_EMIT Failed(sentence.isEmpty() ? QStringLiteral("The page '%1' failed.").arg(path_) : sentence);
 }
 
 void ReportPage::Fail(const QString& sentence) {

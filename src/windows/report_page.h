@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
@@ -29,7 +30,7 @@ class ReportPage : public QObject {
   [[nodiscard]] QWebEnginePage& Page() { return *page_; }
 
   /// The page's file was read and stands behind the window, with or without a report.
-  [[nodiscard]] bool IsShown() const { return shown_; }
+  [[nodiscard]] bool IsShown() const;
 
   /// Has the page put a table on the clipboard, as HTML and as tab-separated text: the one last touched. Calls back
   /// with the text, empty if there was no table.
@@ -71,8 +72,9 @@ class ReportPage : public QObject {
   FolderProfile profile_;
   std::unique_ptr<QWebEnginePage> page_;
   QTimer ask_;
+  QElapsedTimer asked_;  ///< valid while an answer is due
   QString state_;
-  bool shown_ = false;
+  bool ended_ = false;
   std::unique_ptr<QObject> here_ = std::make_unique<QObject>();  ///< goes first
 };
 

@@ -31,6 +31,7 @@ namespace {
 
 constexpr QSize kFirstSize(1120, 800);
 constexpr double kZoomSteps[] = {0.25, 0.33, 0.5, 0.67, 0.75, 0.8, 0.9, 1, 1.1, 1.25, 1.5, 1.75, 2, 2.5, 3, 4, 5};
+constexpr int kPrintDpi = 600;  ///< the engine prints a picture of each sheet: more takes long and shows no more
 constexpr double kStepTolerance = 0.001;
 
 const QString kGeometryKey = QStringLiteral("report_window/geometry");
@@ -212,11 +213,13 @@ void ReportWindow::ConnectPage() {
   });
   connect(&page_, &ReportPage::Waiting, this, [this](const QString& sentence) { statusBar()->showMessage(sentence); });
   connect(&page_, &ReportPage::Failed, this, [this](const QString& sentence) {
+    if (!page_.IsShown()) {
+      fault_->setText(sentence);
+      middle_->setCurrentWidget(fault_);
+    }
+    if (busy_) return End({}, sentence);
     SetReportIsThere(false);
     statusBar()->showMessage(sentence);
-    if (page_.IsShown()) return;
-    fault_->setText(sentence);
-    middle_->setCurrentWidget(fault_);
   });
   connect(find_bar_, &FindBar::Wanted, this, [this](const QString& text, bool backward) {
     view_->findText(text, backward ? QWebEnginePage::FindBackward : QWebEnginePage::FindFlags());
@@ -243,6 +246,7 @@ void ReportWindow::SetReportIsThere(bool there) {
 void ReportWindow::Print() {
   auto printer = std::make_shared<std::unique_ptr<QPrinter>>(std::make_unique<QPrinter>(QPrinter::HighResolution));
   (*printer)->setPageLayout(Landscape(paper_));
+  (*printer)->setResolution(kPrintDpi);
   (*printer)->setDocName(windowTitle());
   auto* dialog = new QPrintDialog(printer->get(), this);
   dialog->setObjectName(QStringLiteral("print_dialog"));
@@ -329,7 +333,7 @@ void ReportWindow::Start(const QString& status) {
 
 void ReportWindow::End(const QString& status, const QString& fault) {
   busy_ = false;
-  SetReportIsThere(true);
+  SetReportIsThere(page_.IsShown());
   Q_EMIT Done(fault);
   if (fault.isEmpty()) {
     statusBar()->showMessage(status);

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QByteArray>
+#include <QString>
+#include <chrono>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "support/test_databases.h"
+
+namespace orvex::test {
+
+/// Three sheets, a table to copy and four times the word "tank", from a script that behaves as the display pages do.
+extern const std::string_view kTinyReport;
+
+/// A folder with pages of the test's own, and the event loop.
+class PageTest : public testing::Test {
+ protected:
+  /// Writes a page with this state, title and body.
+  std::filesystem::path WritePage(const std::string& name, std::string_view state, std::string_view title,
+                                  std::string_view body);
+  /// Writes the tiny report under a title.
+  std::filesystem::path WriteReport(const std::string& name = "report.htm", std::string_view title = "Tiny report");
+  /// Puts the delivered display pages and a Brief report of two tanks into the folder.
+  std::filesystem::path DeliverBriefReport();
+
+  /// Works the event loop until the condition holds; false when it does not within the limit.
+  static bool WaitFor(const std::function<bool()>& condition, std::chrono::seconds limit = std::chrono::seconds(30));
+
+  TemporaryFolder folder_;
+};
+
+/// What pdfinfo and pdftotext tell of a PDF file.
+struct PdfFacts {
+  int pages = 0;
+  double width_pt = 0;
+  double height_pt = 0;
+  std::string text;
+};
+PdfFacts ReadPdf(const std::filesystem::path& file);
+
+}  // namespace orvex::test
