@@ -112,7 +112,7 @@ void ReportPage::CopyTable(std::function<void(const QString&)> done) {
                        WhileHere([done = std::move(done)](const QVariant& answer) { done(answer.toString()); }));
 }
 
-void ReportPage::PreparePrint(PrintReady done) {
+void ReportPage::PreparePrint(std::function<void(const QString&)> done) {
   page_->runJavaScript(kPreparePrint, WhileHere([this, done = std::move(done)](const QVariant& answer) {
                          const auto sheets = answer.toString();
                          bool counted = false;

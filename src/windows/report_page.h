@@ -41,11 +41,6 @@ class ReportPage : public QObject {
   using PdfDone = std::function<void(const QByteArray& pdf, const QString& fault)>;
   void MakePdf(Paper paper, PdfDone done);
 
-  /// Has the page lay itself out on sheets and calls back, with a sentence when it can't. `FinishPrint` undoes it.
-  using PrintReady = std::function<void(const QString& fault)>;
-  void PreparePrint(PrintReady done);
-  void FinishPrint();
-
  Q_SIGNALS:
   /// The report is drawn.
   void Ready();
@@ -59,6 +54,9 @@ class ReportPage : public QObject {
   void AskState();
   void TakeState(const QString& state, const QString& sentence);
   void Fail(const QString& sentence);
+  /// Has the page lay itself out on sheets and calls back, with a sentence when it can't. `FinishPrint` undoes it.
+  void PreparePrint(std::function<void(const QString& fault)> done);
+  void FinishPrint();
 
   /// The engine calls back what is still open when a page ends; such a call comes to nothing.
   template <typename Callback>

@@ -20,6 +20,7 @@
 #include <algorithm>
 #include <iterator>
 #include <string_view>
+#include <utility>
 
 #include "store/file_replacement.h"
 #include "store/run_time_error.h"
@@ -31,7 +32,7 @@ namespace {
 
 constexpr QSize kFirstSize(1120, 800);
 constexpr double kZoomSteps[] = {0.25, 0.33, 0.5, 0.67, 0.75, 0.8, 0.9, 1, 1.1, 1.25, 1.5, 1.75, 2, 2.5, 3, 4, 5};
-constexpr int kPrintDpi = 600;  ///< the engine prints a picture of each sheet: more takes long and shows no more
+constexpr int kPrintDpi = 600;  ///< sheets are printed as pictures: more takes long and shows no more
 constexpr double kStepTolerance = 0.001;
 
 const QString kGeometryKey = QStringLiteral("report_window/geometry");
@@ -217,7 +218,8 @@ void ReportWindow::ConnectPage() {
       fault_->setText(sentence);
       middle_->setCurrentWidget(fault_);
     }
-    if (busy_) return End({}, sentence);
+    // What is being printed has left the page already.
+    if (busy_ && sheets_ == nullptr) return End({}, sentence);
     SetReportIsThere(false);
     statusBar()->showMessage(sentence);
   });
@@ -230,11 +232,6 @@ void ReportWindow::ConnectPage() {
   connect(find_bar_, &FindBar::Closed, this, [this] {
     view_->findText(QString());
     view_->setFocus();
-  });
-  connect(view_, &QWebEngineView::printFinished, this, [this](bool printed) {
-    printer_.reset();
-    page_.FinishPrint();
-    End(tr("The report was sent to the printer."), printed ? QString() : tr("The report could not be printed."));
   });
 }
 
@@ -256,11 +253,17 @@ void ReportWindow::Print() {
 }
 
 void ReportWindow::PrintOn(std::unique_ptr<QPrinter> printer) {
-  printer_ = std::move(printer);
   Start(tr("Printing the report..."));
-  page_.PreparePrint([this](const QString& fault) {
+  const auto paper = printer->pageLayout().pageSize().id() == QPageSize::A4 ? Paper::kA4 : Paper::kLetter;
+  auto shared = std::make_shared<std::unique_ptr<QPrinter>>(std::move(printer));
+  page_.MakePdf(paper, [this, shared](const QByteArray& pdf, const QString& fault) {
     if (!fault.isEmpty()) return End({}, fault);
-    view_->print(printer_.get());
+    sheets_ = std::make_unique<SheetPrinter>(pdf, std::move(*shared));
+    connect(sheets_.get(), &SheetPrinter::Done, this, [this](const QString& sheets_fault) {
+      sheets_.release()->deleteLater();
+      End(tr("The report was sent to the printer."), sheets_fault);
+    });
+    sheets_->Start();
   });
 }
 
@@ -332,7 +335,7 @@ void ReportWindow::Start(const QString& status) {
 }
 
 void ReportWindow::End(const QString& status, const QString& fault) {
-  busy_ = false;
+  if (!std::exchange(busy_, false)) return;  // the page ended and was told of; the engine's own answer comes after
   SetReportIsThere(page_.IsShown());
   Q_EMIT Done(fault);
   if (fault.isEmpty()) {

@@ -7,6 +7,7 @@
 
 #include "windows/paper.h"
 #include "windows/report_page.h"
+#include "windows/sheet_printer.h"
 
 class QLabel;
 class QSettings;
@@ -69,7 +70,7 @@ class ReportWindow : public QMainWindow {
   Paper paper_ = Paper::kLetter;
   bool busy_ = false;
   bool closing_ = false;
-  std::unique_ptr<QPrinter> printer_;
+  std::unique_ptr<SheetPrinter> sheets_;  ///< while it prints
   ReportPage page_;
   QStackedWidget* middle_;
   QWebEngineView* view_;

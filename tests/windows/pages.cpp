@@ -38,9 +38,11 @@ constexpr std::string_view kBriefReport = R"(<?xml version="1.0"?><REPORT>
 const std::string_view kTinyReport = R"(
 <p>tank tank</p>
 <table id="losses"><tr><th>Tank</th><th>Loss</th></tr><tr><td>T-1</td><td>8,068.35</td></tr></table>
-<div class="sheet">Sheet one</div><div class="sheet">Sheet two</div><div class="sheet">Sheet three</div>
+<div class="sheet"><i class="mark"></i>Sheet one</div><div class="sheet">Sheet two</div><div class="sheet">Sheet three</div>
 <style>.printing .sheet { break-after: page } .printing .sheet:last-child { break-after: auto }
-.printing p, .printing table { display: none }</style>
+.printing body { margin: 0 } .printing p, .printing table { display: none }
+.sheet { color: gray } .mark { display: none } .printing .mark { display: block; width: 100pt; height: 50pt; background: black;
+  print-color-adjust: exact; -webkit-print-color-adjust: exact }</style>
 <script>
 window.orvex = {
   preparePrint() { document.documentElement.classList.add('printing'); return 3; },

@@ -14,7 +14,11 @@
 
 namespace orvex::test {
 
-/// Three sheets, a table to copy and four times the word "tank", from a script that behaves as the display pages do.
+/// How long a test waits for what must happen, before it fails.
+inline constexpr int kPatienceMs = 180'000;
+
+/// Three sheets, the first with a black mark of 100 by 50 pt in its corner, a table to copy and three times the word
+/// "tank", with a script that behaves as those of the display pages do.
 extern const std::string_view kTinyReport;
 
 /// A folder with pages of the test's own, and the event loop.
