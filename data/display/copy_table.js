@@ -56,17 +56,27 @@
   }
 
   /**
-   * Puts a table on the clipboard.
+   * A table as other programs take it.
    * @param {Element=} chosen the table or something in it; without one the table last touched, or else the first
+   * @returns {?{text: string, html: string}} tab-separated text and bare HTML; null when the page has no table
+   */
+  function tableContent(chosen) {
+    const inPlace = touched && touched.isConnected ? touched : null;
+    const table = tableAt(chosen) || inPlace || document.querySelector('table');
+    if (!table) return null;
+    return {text: grid(table).map((line) => line.join('\t')).join('\n'), html: htmlOf(table)};
+  }
+
+  /**
+   * Puts a table on the clipboard, which a browser lets a page do while the person presses a key or a button.
+   * @param {Element=} chosen as for tableContent
    * @returns {string} the table as tab-separated text; empty when the page has no table
    */
   function copyTable(chosen) {
-    const inPlace = touched && touched.isConnected ? touched : null;
-    const table = tableAt(chosen) || inPlace || document.querySelector('table');
-    if (!table) return '';
-    const text = grid(table).map((line) => line.join('\t')).join('\n');
-    putOnClipboard(text, htmlOf(table));
-    return text;
+    const content = tableContent(chosen);
+    if (!content) return '';
+    putOnClipboard(content.text, content.html);
+    return content.text;
   }
 
   function answer(button) {
@@ -87,5 +97,5 @@
     answer(button);
   });
 
-  orvex.copyTable = copyTable;
+  Object.assign(orvex, {copyTable, tableContent});
 })(window.orvex = window.orvex || {});

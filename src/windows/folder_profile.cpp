@@ -26,8 +26,8 @@ FolderProfile::FolderProfile(const QString& folder) : guard_(folder) {
   rules->setAttribute(QWebEngineSettings::DnsPrefetchEnabled, false);
   rules->setAttribute(QWebEngineSettings::PluginsEnabled, false);
   rules->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, false);
-  // The page puts a table on the clipboard when the person asks for it, not otherwise: it has no way to read.
-  rules->setAttribute(QWebEngineSettings::JavascriptCanAccessClipboard, true);
+  // So a page can put something on the clipboard while the person presses a key or a button in it, and never read it.
+  rules->setAttribute(QWebEngineSettings::JavascriptCanAccessClipboard, false);
   rules->setAttribute(QWebEngineSettings::JavascriptCanPaste, false);
   rules->setAttribute(QWebEngineSettings::FocusOnNavigationEnabled, true);
 }

@@ -22,7 +22,8 @@ const QString kAskState = QStringLiteral(
 const QString kPreparePrint = QStringLiteral(
     "(() => { try { return String(orvex.preparePrint()); } catch (fault) { return String(fault); } })()");
 const QString kFinishPrint = QStringLiteral("orvex.finishPrint(); undefined");
-const QString kCopyTable = QStringLiteral("(() => { try { return orvex.copyTable() || ''; } catch { return ''; } })()");
+const QString kReadTable =
+    QStringLiteral("(() => { try { return orvex.tableContent() || {}; } catch { return {}; } })()");
 
 QString PathText(const std::filesystem::path& path) {
   return QFileInfo(QString::fromStdString(path.string())).absoluteFilePath();
@@ -107,9 +108,12 @@ void ReportPage::Fail(const QString& sentence) {
   Q_EMIT Failed(sentence);
 }
 
-void ReportPage::CopyTable(std::function<void(const QString&)> done) {
-  page_->runJavaScript(kCopyTable,
-                       WhileHere([done = std::move(done)](const QVariant& answer) { done(answer.toString()); }));
+void ReportPage::ReadTable(std::function<void(const PageTable&)> done) {
+  page_->runJavaScript(
+      kReadTable, WhileHere([done = std::move(done)](const QVariant& answer) {
+        const auto table = answer.toMap();
+        done({table.value(QStringLiteral("text")).toString(), table.value(QStringLiteral("html")).toString()});
+      }));
 }
 
 void ReportPage::PreparePrint(std::function<void(const QString&)> done) {

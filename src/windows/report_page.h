@@ -16,6 +16,12 @@
 
 namespace orvex::windows {
 
+/// A table of a page as other programs take it.
+struct PageTable {
+  QString text;  ///< tab-separated; empty if the page has no table
+  QString html;  ///< empty if the page offers none
+};
+
 /// A display page of a folder, at work behind a window or the PDF program. Follows no link out of its folder, opens no
 /// window and asks nothing.
 class ReportPage : public QObject {
@@ -32,9 +38,8 @@ class ReportPage : public QObject {
   /// The page's file was read and stands behind the window, with or without a report.
   [[nodiscard]] bool IsShown() const;
 
-  /// Has the page put a table on the clipboard, as HTML and as tab-separated text: the one last touched. Calls back
-  /// with the text, empty if there was no table.
-  void CopyTable(std::function<void(const QString& text)> done);
+  /// Calls back with the table that the person touched last, or else the first one.
+  void ReadTable(std::function<void(const PageTable&)> done);
 
   /// Has the page lay itself out on sheets, makes a landscape PDF of them and puts the page back for the screen. Calls
   /// back with the bytes of the file, or with none and a sentence saying why.

@@ -2,12 +2,15 @@
 
 #include <QAction>
 #include <QActionGroup>
+#include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPrintDialog>
 #include <QSettings>
 #include <QStackedWidget>
@@ -64,6 +67,15 @@ QString WriteFile(const QString& path, const QByteArray& content) {
   } catch (const store::RunTimeError& error) {
     return QString::fromStdString(error.Description());
   }
+}
+
+/// A table for spreadsheets and for text programs.
+std::unique_ptr<QMimeData> ClipboardContent(const PageTable& table) {
+  auto content = std::make_unique<QMimeData>();
+  content->setText(table.text);
+  // Programs that take HTML from the clipboard guess at its letters unless it names them.
+  if (!table.html.isEmpty()) content->setHtml(QStringLiteral("<meta charset=\"utf-8\">") + table.html);
+  return content;
 }
 
 }  // namespace
@@ -288,12 +300,14 @@ void ReportWindow::SavePdfAs(const QString& file) {
 void ReportWindow::CopySelection() { view_->triggerPageAction(QWebEnginePage::Copy); }
 
 void ReportWindow::CopyTable() {
-  page_.CopyTable([this](const QString& text) {
-    const auto rows = text.isEmpty() ? 0 : text.trimmed().count(QLatin1Char('\n')) + 1;
-    if (rows > 0)
-      statusBar()->showMessage(tr("The table was copied: %1 rows.").arg(rows));
-    else
-      statusBar()->showMessage(tr("No table was copied: click into the one to copy."));
+  page_.ReadTable([this](const PageTable& table) {
+    if (table.text.isEmpty()) {
+      statusBar()->showMessage(tr("No table was copied: the report has none."));
+    } else {
+      // Not left to the page: a menu's command is no key pressed in it, and only that lets it reach the clipboard.
+      QApplication::clipboard()->setMimeData(ClipboardContent(table).release());
+      statusBar()->showMessage(tr("The table was copied: %1 rows.").arg(table.text.count(QLatin1Char('\n')) + 1));
+    }
     Q_EMIT Done({});
   });
 }

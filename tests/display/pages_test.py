@@ -159,6 +159,9 @@ class PagesTest(unittest.TestCase):
         self.assertEqual(put['text/plain'], text)
         self.assertEqual(re.findall(r'<td align="right">([^<]*)</td>', put['text/html']),
                          ['11,748.29', '908.42', '12,656.70'])
+        # A program takes the same from the page and fills the clipboard by itself.
+        self.assertEqual(self.browser.run('return orvex.tableContent(document.querySelector(".roll-up"))'),
+                         {'text': put['text/plain'], 'html': put['text/html']})
 
     def test_without_a_choice_the_table_last_touched_is_copied(self):
         self.open(reports.report_text('brief', '', 'VF-101,VF-102'), 'brief')

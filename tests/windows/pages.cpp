@@ -47,16 +47,8 @@ const std::string_view kTinyReport = R"(
 window.orvex = {
   preparePrint() { document.documentElement.classList.add('printing'); return 3; },
   finishPrint() { document.documentElement.classList.remove('printing'); },
-  copyTable() {
-    const fill = (event) => {
-      event.clipboardData.setData('text/plain', 'Tank\tLoss\nT-1\t8,068.35');
-      event.clipboardData.setData('text/html', document.getElementById('losses').outerHTML);
-      event.preventDefault();
-    };
-    document.addEventListener('copy', fill, true);
-    document.execCommand('copy');
-    document.removeEventListener('copy', fill, true);
-    return 'Tank\tLoss\nT-1\t8,068.35';
+  tableContent() {
+    return {text: 'Tank\tLoss\nT-1\t8,068.35', html: document.getElementById('losses').outerHTML};
   },
 };
 setTimeout(() => { document.documentElement.dataset.state = 'ready'; }, 50);

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QPrintDialog>
 #include <QPushButton>
@@ -207,11 +208,66 @@ TEST_F(ReportWindowTest, CopiesATableAsTabbedTextAndAsHtml) {
   auto window = Open(WriteReport());
   QApplication::clipboard()->clear();
   EXPECT_EQ(Ended(*window, [&] { Action(*window, "copy_table").trigger(); }), "");
-  const auto* clipboard = QApplication::clipboard();
-  EXPECT_TRUE(WaitFor([&] { return clipboard->mimeData()->hasHtml(); }));
-  EXPECT_EQ(clipboard->text().toStdString(), "Tank\tLoss\nT-1\t8,068.35");
-  EXPECT_TRUE(clipboard->mimeData()->html().contains(QStringLiteral("<td>T-1</td>")));
+  const auto* copied = QApplication::clipboard()->mimeData();
+  EXPECT_EQ(copied->text().toStdString(), "Tank\tLoss\nT-1\t8,068.35");
+  EXPECT_TRUE(copied->html().startsWith(QStringLiteral("<meta charset=\"utf-8\"><table")))
+      << copied->html().toStdString();
+  EXPECT_TRUE(copied->html().contains(QStringLiteral("<td>T-1</td>")));
   EXPECT_EQ(Status(*window), "The table was copied: 2 rows.");
+}
+
+TEST_F(ReportWindowTest, ATableThatThePageGivesAsTextAloneIsCopiedAsText) {
+  auto window = Open(WritePage("p.htm", "ready", "Report",
+                               "<script>window.orvex = {tableContent: () => ({text: 'Tank\\nÅ-1'})}</script>"));
+  EXPECT_EQ(Ended(*window, [&] { Action(*window, "copy_table").trigger(); }), "");
+  const auto* copied = QApplication::clipboard()->mimeData();
+  EXPECT_EQ(copied->text().toStdString(), "Tank\nÅ-1");
+  EXPECT_FALSE(copied->hasHtml());
+}
+
+TEST_F(ReportWindowTest, WithoutATableTheClipboardKeepsWhatItHolds) {
+  for (const auto* script : {"", "<script>window.orvex = {tableContent: () => null}</script>"}) {
+    auto window = Open(WritePage("p.htm", "ready", "Report", script));
+    QApplication::clipboard()->setText(QStringLiteral("earlier"));
+    EXPECT_EQ(Ended(*window, [&] { Action(*window, "copy_table").trigger(); }), "");
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "earlier");
+    EXPECT_EQ(Status(*window), "No table was copied: the report has none.");
+  }
+}
+
+// A script may fill the clipboard while the person presses something in the page, and at no other time.
+TEST_F(ReportWindowTest, ThePageAloneLeavesTheClipboardAlone) {
+  auto window = Open(DeliverBriefReport());
+  QApplication::clipboard()->setText(QStringLiteral("earlier"));
+  bool answered = false;
+  window->findChild<QWebEngineView*>()->page()->runJavaScript(QStringLiteral("orvex.copyTable()"),
+                                                              [&](const QVariant& text) {
+                                                                EXPECT_FALSE(text.toString().isEmpty());
+                                                                answered = true;
+                                                              });
+  ASSERT_TRUE(WaitFor([&] { return answered; }));
+  EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "earlier");
+}
+
+TEST_F(ReportWindowTest, TheCopyButtonOfATableFillsTheClipboard) {
+  auto window = Open(DeliverBriefReport());
+  QApplication::clipboard()->setText(QStringLiteral("earlier"));
+  auto* view = window->findChild<QWebEngineView*>();
+  QRectF button;
+  view->page()->runJavaScript(
+      QStringLiteral("(() => { const box = document.querySelector('button.copy').getBoundingClientRect();"
+                     " return [box.x, box.y, box.width, box.height]; })()"),
+      [&](const QVariant& box) {
+        const auto sides = box.toList();
+        button = {sides[0].toDouble(), sides[1].toDouble(), sides[2].toDouble(), sides[3].toDouble()};
+      });
+  ASSERT_TRUE(WaitFor([&] { return !button.isEmpty(); }));
+  for (const auto kind : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+    QMouseEvent event(kind, button.center(), view->mapToGlobal(button.center()), Qt::LeftButton,
+                      kind == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(view->focusProxy(), &event);
+  }
+  EXPECT_TRUE(WaitFor([&] { return QApplication::clipboard()->text().contains(QLatin1Char('\t')); }));
 }
 
 TEST_F(ReportWindowTest, SavesALandscapePdfWhereTheDialogSays) {
@@ -341,8 +397,9 @@ TEST_F(ReportWindowTest, TheDeliveredPageIsFoundInCopiedAndSaved) {
   EXPECT_TRUE(WaitFor([&] { return Count(*window).starts_with("1 of "); })) << Count(*window);
   QApplication::clipboard()->clear();
   EXPECT_EQ(Ended(*window, [&] { Action(*window, "copy_table").trigger(); }), "");
-  EXPECT_TRUE(WaitFor([&] { return QApplication::clipboard()->mimeData()->hasHtml(); }));
-  EXPECT_TRUE(QApplication::clipboard()->text().contains(QLatin1Char('\t')));
+  const auto* copied = QApplication::clipboard()->mimeData();
+  EXPECT_TRUE(copied->text().contains(QStringLiteral("Acetone\t1,000.25"))) << copied->text().toStdString();
+  EXPECT_TRUE(copied->html().contains(QStringLiteral("1,000.25"))) << copied->html().toStdString();
   const auto file = folder_.Path() / "saved.pdf";
   EXPECT_EQ(Ended(*window, [&] { window->SavePdfAs(QString::fromStdString(file.string())); }), "");
   const auto pdf = test::ReadPdf(file);
