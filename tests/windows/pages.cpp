@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 QString OutputOf(const QString& program, const QStringList& arguments) {
   QProcess process;
   process.start(program, arguments);
-  EXPECT_TRUE(process.waitForFinished()) << program.toStdString();
+  EXPECT_TRUE(process.waitForFinished(kPatienceMs)) << program.toStdString();
   return QString::fromUtf8(process.readAllStandardOutput());
 }
 
@@ -74,8 +74,8 @@ fs::path PageTest::DeliverBriefReport() {
   return folder_.Path() / "briefdisplay.htm";
 }
 
-bool PageTest::WaitFor(const std::function<bool()>& condition, std::chrono::seconds limit) {
-  const QDeadlineTimer deadline(limit);
+bool PageTest::WaitFor(const std::function<bool()>& condition) {
+  const QDeadlineTimer deadline(kPatienceMs);
   while (!condition()) {
     if (deadline.hasExpired()) return false;
     QCoreApplication::processEvents(QEventLoop::AllEvents, 10);

@@ -4,7 +4,6 @@
 
 #include <QByteArray>
 #include <QString>
-#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -32,8 +31,8 @@ class PageTest : public testing::Test {
   /// Puts the delivered display pages and a Brief report of two tanks into the folder.
   std::filesystem::path DeliverBriefReport();
 
-  /// Works the event loop until the condition holds; false when it does not within the limit.
-  static bool WaitFor(const std::function<bool()>& condition, std::chrono::seconds limit = std::chrono::seconds(30));
+  /// Works the event loop until the condition holds; false when the tests' patience ends first.
+  static bool WaitFor(const std::function<bool()>& condition);
 
   TemporaryFolder folder_;
 };

@@ -1,4 +1,6 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <QProcess>
@@ -41,7 +43,7 @@ class PdfProgram : public test::PageTest {
 
   Ending Run(const QStringList& arguments) {
     Start(arguments);
-    EXPECT_TRUE(program_.waitForFinished());
+    EXPECT_TRUE(program_.waitForFinished(test::kPatienceMs));
     return {program_.exitStatus() == QProcess::NormalExit ? program_.exitCode() : -1,
             program_.readAllStandardOutput().toStdString(), program_.readAllStandardError().toStdString()};
   }
@@ -157,17 +159,28 @@ TEST_F(PdfProgram, ATargetThatCannotBeWrittenIsNamedAndStays) {
   EXPECT_EQ(test::EntryCount(folder_.Path()), 3);  // home, page, and what stood in the way
 }
 
+// The page reads a pipe in the middle of its layout: once somebody reads it, the program is at work.
 TEST_F(PdfProgram, KilledInTheMiddleItLeavesTheOldFile) {
   test::WriteFile(Pdf(), "old");
-  const auto page = WritePage("p.htm", "loading", "Report",
-                              "<script>window.orvex = {preparePrint() { for (;;); }};"
-                              "document.documentElement.dataset.state = 'ready'</script>");
+  const auto gate = folder_.Path() / "gate";
+  ASSERT_EQ(mkfifo(gate.c_str(), 0600), 0);
+  const auto page = WritePage("p.htm", "loading", "Report", R"(<script>
+window.orvex = {preparePrint() {
+  const request = new XMLHttpRequest();
+  request.open('GET', 'gate', false);
+  request.send();
+}};
+document.documentElement.dataset.state = 'ready';
+</script>)");
   Start({QString::fromStdString(page.string()), QString::fromStdString(Pdf().string())});
-  EXPECT_FALSE(program_.waitForFinished(1500));
+  int writer = -1;
+  EXPECT_TRUE(WaitFor([&] { return (writer = open(gate.c_str(), O_WRONLY | O_NONBLOCK)) >= 0; }));
   kill(static_cast<pid_t>(program_.processId()), SIGKILL);
-  EXPECT_TRUE(program_.waitForFinished());
+  EXPECT_TRUE(program_.waitForFinished(test::kPatienceMs));
+  close(writer);
+  EXPECT_EQ(program_.exitStatus(), QProcess::CrashExit);
   EXPECT_EQ(test::FileContent(Pdf()), "old");
-  EXPECT_EQ(test::EntryCount(folder_.Path()), 3);  // home, page, and the old file
+  EXPECT_EQ(test::EntryCount(folder_.Path()), 4);  // home, page, pipe, and the old file
 }
 
 }  // namespace
