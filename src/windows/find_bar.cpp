@@ -1,11 +1,13 @@
 #include "windows/find_bar.h"
 
+#include <QFrame>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QStyle>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 namespace orvex::windows {
 namespace {
@@ -37,7 +39,14 @@ FindBar::FindBar(QWidget* parent) : QWidget(parent), text_(new QLineEdit(this)),
   auto* next = MakeButton(this, "find_next_button", tr("Next"), tr("Next match (F3)"));
   auto* close = MakeButton(this, "find_close", tr("Close"), tr("Close the find bar (Esc)"));
 
-  auto* row = new QHBoxLayout(this);
+  auto* edge = new QFrame(this);
+  edge->setFrameStyle(QFrame::HLine | QFrame::Sunken);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(edge);
+  auto* row = new QHBoxLayout;
+  column->addLayout(row);
   row->setContentsMargins(8, 4, 8, 4);
   row->addWidget(text_);
   row->addWidget(previous);

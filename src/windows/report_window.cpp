@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
@@ -37,6 +38,7 @@ constexpr QSize kFirstSize(1120, 800);
 constexpr double kZoomSteps[] = {0.25, 0.33, 0.5, 0.67, 0.75, 0.8, 0.9, 1, 1.1, 1.25, 1.5, 1.75, 2, 2.5, 3, 4, 5};
 constexpr int kPrintDpi = 600;  ///< sheets are printed as pictures: more takes long and shows no more
 constexpr double kStepTolerance = 0.001;
+constexpr QMargins kBarMargins(4, 3, 4, 3);
 
 const QString kGeometryKey = QStringLiteral("report_window/geometry");
 const QString kPaperKey = QStringLiteral("report_window/paper");
@@ -49,12 +51,17 @@ struct PaperName {
 constexpr PaperName kPapers[] = {{Paper::kLetter, "letter", "&Letter"}, {Paper::kA4, "a4", "&A4"}};
 
 /// A file name for a report of this title.
-QString SuggestedFile(const QString& title) {
+QString SuggestedName(const QString& title) {
   QString name = title.simplified();
   for (auto& letter : name)
     if (QStringLiteral("/\\:*?\"<>|").contains(letter)) letter = QLatin1Char('-');
-  return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) + QLatin1Char('/') + name +
-         QStringLiteral(".pdf");
+  return name + QStringLiteral(".pdf");
+}
+
+/// Where a person keeps such files: not every home has a folder for documents.
+QString SuggestedFolder() {
+  const auto documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  return QFileInfo(documents).isDir() ? documents : QDir::homePath();
 }
 
 /// Replaces a file; gives a sentence when it can't be written.
@@ -168,6 +175,7 @@ void ReportWindow::MakeActions() {
   auto* bar = addToolBar(tr("Report"));
   bar->setObjectName(QStringLiteral("report_tool_bar"));
   bar->setMovable(false);
+  bar->setContentsMargins(kBarMargins);
   bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
   std::string_view last_menu;
   QMenu* menu = nullptr;
@@ -280,12 +288,12 @@ void ReportWindow::PrintOn(std::unique_ptr<QPrinter> printer) {
 }
 
 void ReportWindow::SavePdf() {
-  auto* dialog = new QFileDialog(this, tr("Save as PDF"), QString(), tr("PDF files (*.pdf)"));
+  auto* dialog = new QFileDialog(this, tr("Save as PDF"), SuggestedFolder(), tr("PDF files (*.pdf)"));
   dialog->setObjectName(QStringLiteral("save_pdf_dialog"));
   dialog->setAttribute(Qt::WA_DeleteOnClose);
   dialog->setAcceptMode(QFileDialog::AcceptSave);
   dialog->setDefaultSuffix(QStringLiteral("pdf"));
-  dialog->selectFile(SuggestedFile(windowTitle()));
+  dialog->selectFile(SuggestedName(windowTitle()));
   connect(dialog, &QFileDialog::fileSelected, this, &ReportWindow::SavePdfAs);
   dialog->open();
 }

@@ -45,6 +45,8 @@ WebApplication::Surroundings::Surroundings(std::string name, Screen screen) : ar
   }
   arguments.insert(arguments.end(), std::begin(kSwitches), std::end(kSwitches));
   if (geteuid() == 0) arguments.emplace_back("--no-sandbox");
+  // Pages of settings that the engine starts with.
+  QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false"));
   if (screen == Screen::kNone) {
     arguments.emplace_back("--disable-gpu");
     SetUnlessGiven("QT_QPA_PLATFORM", "offscreen");
@@ -53,7 +55,6 @@ WebApplication::Surroundings::Surroundings(std::string name, Screen screen) : ar
       run_time_folder = std::make_unique<QTemporaryDir>(QDir::tempPath() + QStringLiteral("/orvex-XXXXXX"));
       if (run_time_folder->isValid()) setenv("XDG_RUNTIME_DIR", run_time_folder->path().toLocal8Bit().constData(), 1);
     }
-    QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false"));
     other_messages = qInstallMessageHandler(PassUnexpected);
   }
   for (auto& argument : arguments) pointers.push_back(argument.data());

@@ -290,6 +290,16 @@ TEST_F(ReportWindowTest, SavesALandscapePdfWhereTheDialogSays) {
   EXPECT_NEAR(pdf.height_pt, 612, 0.5);
 }
 
+TEST_F(ReportWindowTest, SuggestsAFileNamedAfterTheReportInAFolderThatIsThere) {
+  auto window = Open(WriteReport("p.htm", "Losses: 1/2"));
+  Action(*window, "save_pdf").trigger();
+  auto* dialog = window->findChild<QFileDialog*>(QStringLiteral("save_pdf_dialog"));
+  ASSERT_NE(dialog, nullptr);
+  EXPECT_EQ(dialog->findChild<QLineEdit*>()->text().toStdString(), "Losses- 1-2.pdf");
+  EXPECT_TRUE(dialog->directory().exists());
+  dialog->reject();
+}
+
 TEST_F(ReportWindowTest, APdfThatCannotBeWrittenIsToldAndTheReportStays) {
   auto window = Open(WriteReport());
   const auto file = (folder_.Path() / "none" / "saved.pdf").string();
