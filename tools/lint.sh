@@ -16,8 +16,8 @@ CheckIncludes() {
       result=1
     fi
   done
-  if grep -rnE '#include [<"](Q[A-Z]|Qt|q[a-z]+\.h)' src apps tools bench --exclude-dir=windows; then
-    printf 'only src/windows may include Qt\n' >&2
+  if grep -rnE '#include [<"](Q[A-Z]|q[a-z]+\.h)' src apps tools bench tests --exclude-dir=windows --exclude-dir=orvex; then
+    printf 'only src/windows and apps/orvex may include Qt\n' >&2
     result=1
   fi
   return "$result"
