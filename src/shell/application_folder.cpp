@@ -25,6 +25,8 @@ constexpr const char* kFolderName = "orvex";
 constexpr const char* kFilledMark = ".filled";
 
 constexpr std::string_view kDatabases[] = {kReferenceFile, kClientFile};
+/// What only a first start writes.
+constexpr std::string_view kFirstStartFiles[] = {kReferenceFile, kClientFile, kFilledMark};
 
 /// A folder of files that belong to the program.
 struct ProgramFolder {
@@ -73,6 +75,7 @@ class Filler {
   Filling Fill() {
     Try([&] { MakeFolder(folder_); });
     if (!filling_.failures.empty()) return std::move(filling_);
+    for (const auto name : kFirstStartFiles) store::RemoveUnfinished(folder_ / name);
     std::error_code error;
     filling_.first_start = !fs::exists(folder_ / kFilledMark, error);
     if (filling_.first_start) AddDatabases();

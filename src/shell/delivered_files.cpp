@@ -98,6 +98,7 @@ Delivery BringUpToDate(const fs::path& delivered, const fs::path& folder) {
   const auto target = folder / delivered.filename();
   std::error_code error;
   const bool stands = fs::is_regular_file(target, error);
+  store::RemoveUnfinished(target);
   if (stands && Content(target) == content) return Delivery::kNone;
   store::FileReplacement file(target);
   file.Write(content);

@@ -2,23 +2,81 @@
 
 #include <fcntl.h>
 #include <fmt/format.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <string_view>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "store/run_time_error.h"
 
 namespace orvex::store {
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr std::size_t kBufferSize = 1 << 16;
+constexpr std::string_view kEnding = ".new";
+constexpr std::string_view kDigits = "0123456789";
+
+fs::path FolderOf(const fs::path& path) { return path.has_parent_path() ? path.parent_path() : fs::path("."); }
+
+/// Takes a number off the front of a text; false if there is none.
+bool TakeNumber(std::string_view& text) {
+  const auto end = std::min(text.find_first_not_of(kDigits), text.size());
+  text.remove_prefix(end);
+  return end > 0;
+}
+
+bool TakeText(std::string_view& text, std::string_view part) {
+  if (!text.starts_with(part)) return false;
+  text.remove_prefix(part.size());
+  return true;
+}
+
+/// What a replacement of the file `name` calls its unfinished file: the process and a count keep two apart.
+std::string UnfinishedName(const std::string& name, int attempt) {
+  return fmt::format("{}.{}-{}{}", name, getpid(), attempt, kEnding);
+}
+
+/// The reverse, for any process.
+bool IsUnfinished(std::string_view name, std::string_view of) {
+  return TakeText(name, of) && TakeText(name, ".") && TakeNumber(name) && TakeText(name, "-") && TakeNumber(name) &&
+         name == kEnding;
+}
+
+/// Whoever writes an unfinished file holds its lock, which ends with the process. Where a file system has no locks,
+/// nobody can tell that a file is given up, and none is removed.
+bool TryLock(int file) { return flock(file, LOCK_EX | LOCK_NB) == 0; }
+
+void Lock(int file) {
+  while (flock(file, LOCK_EX) != 0 && errno == EINTR) continue;
+}
+
+/// The file is still what its name stands for.
+bool HasName(int file, const fs::path& path) {
+  struct stat opened {
+  }, named{};
+  return fstat(file, &opened) == 0 && lstat(path.c_str(), &named) == 0 && S_ISREG(named.st_mode) &&
+         opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
+}
+
+void RemoveIfGivenUp(const fs::path& path) {
+  const int file = open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+  if (file < 0) return;
+  if (HasName(file, path) && TryLock(file) && HasName(file, path)) unlink(path.c_str());
+  close(file);
+}
 
 /// A rename lasts only when its folder has reached the disk. Some file systems cannot flush a folder, so a refusal
 /// is no failure.
-void FlushFolder(const std::filesystem::path& folder) {
+void FlushFolder(const fs::path& folder) {
   const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (descriptor < 0) return;
   fsync(descriptor);
@@ -26,7 +84,7 @@ void FlushFolder(const std::filesystem::path& folder) {
 }
 
 /// Renames a file unless something has the new name; 0 or the number of the error.
-int RenameAsNew(const std::filesystem::path& from, const std::filesystem::path& to) {
+int RenameAsNew(const fs::path& from, const fs::path& to) {
   if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
   // Some file systems cannot rename so. A second name never takes a place, either.
   if (errno != EINVAL && errno != ENOSYS) return errno;
@@ -37,27 +95,36 @@ int RenameAsNew(const std::filesystem::path& from, const std::filesystem::path& 
 
 }  // namespace
 
-FileReplacement::FileReplacement(std::filesystem::path path) : path_(std::move(path)) {
-  const auto folder = path_.has_parent_path() ? path_.parent_path() : std::filesystem::path(".");
+FileReplacement::FileReplacement(fs::path path) : path_(std::move(path)) {
   std::error_code ignored;
-  if (!std::filesystem::is_directory(folder, ignored))
+  if (!fs::is_directory(FolderOf(path_), ignored))
     throw RunTimeError(ErrorNumber::kInvalidPath,
                        fmt::format("'{}' is not a valid path: its folder is not there.", path_.string()));
-  // A name of this process's own: two programs that write the same file must not share the half-written one.
-  for (int attempt = 0; file_ < 0; ++attempt) {
-    beside_ = path_;
-    beside_ += fmt::format(".{}-{}.new", getpid(), attempt);
-    file_ = open(beside_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (file_ < 0 && errno != EEXIST) Fail(errno);
-  }
+  RemoveUnfinished(path_);
+  Open();
   buffer_.reserve(kBufferSize);
 }
 
 FileReplacement::~FileReplacement() {
   if (file_ < 0) return;
-  close(file_);
   std::error_code ignored;
-  std::filesystem::remove(beside_, ignored);
+  fs::remove(beside_, ignored);
+  close(file_);
+}
+
+/// Makes the unfinished file, under a name of this process's own: two programs that write the same file must not share
+/// the half-written one.
+void FileReplacement::Open() {
+  for (int attempt = 0; file_ < 0; ++attempt) {
+    beside_ = FolderOf(path_) / UnfinishedName(path_.filename(), attempt);
+    file_ = open(beside_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (file_ < 0 && errno != EEXIST) Fail(errno);
+    if (file_ < 0) continue;
+    // Between the making and the locking another program may take it for given up, and lock it to remove it.
+    Lock(file_);
+    struct stat named {};
+    if (lstat(beside_.c_str(), &named) != 0) close(std::exchange(file_, -1));
+  }
 }
 
 void FileReplacement::Write(std::string_view content) {
@@ -84,7 +151,7 @@ bool FileReplacement::CommitAsNew() {
 
 void FileReplacement::Finish() {
   close(std::exchange(file_, -1));
-  FlushFolder(path_.has_parent_path() ? path_.parent_path() : std::filesystem::path("."));
+  FlushFolder(FolderOf(path_));
 }
 
 void FileReplacement::Flush() {
@@ -101,6 +168,16 @@ void FileReplacement::Flush() {
 void FileReplacement::Fail(int cause) const {
   throw RunTimeError(ErrorNumber::kDiskFailure, fmt::format("The file '{}' cannot be written: {}.", path_.string(),
                                                             std::generic_category().message(cause)));
+}
+
+void RemoveUnfinished(const fs::path& path) {
+  const std::string name = path.filename();
+  // Listed first: what a folder shows while files are removed from it is left open.
+  std::vector<fs::path> unfinished;
+  std::error_code error;
+  for (fs::directory_iterator entry(FolderOf(path), error), end; !error && entry != end; entry.increment(error))
+    if (IsUnfinished(entry->path().filename().native(), name)) unfinished.push_back(entry->path());
+  for (const auto& file : unfinished) RemoveIfGivenUp(file);
 }
 
 }  // namespace orvex::store

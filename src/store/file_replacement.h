@@ -7,8 +7,9 @@
 namespace orvex::store {
 
 /// A file that takes the place of another only when it is complete: it is written beside it, flushed to the disk and
-/// renamed. Left without `Commit`, nothing changes. Errors: 3044 the folder is not there, 3043 the disk refused; both
-/// name the file.
+/// renamed. Left without `Commit`, nothing changes; a process that is killed leaves the unfinished file, which the next
+/// replacement of the same file removes. Errors: 3044 the folder is not there, 3043 the disk refused; both name the
+/// file.
 class FileReplacement {
  public:
   explicit FileReplacement(std::filesystem::path path);
@@ -24,6 +25,7 @@ class FileReplacement {
   [[nodiscard]] bool CommitAsNew();
 
  private:
+  void Open();
   void Flush();
   void Finish();
   [[noreturn]] void Fail(int cause) const;
@@ -33,5 +35,9 @@ class FileReplacement {
   std::string buffer_;
   int file_ = -1;
 };
+
+/// Removes what replacements of a file left beside it when they were killed. One that is still at work, in whatever
+/// process, keeps its own.
+void RemoveUnfinished(const std::filesystem::path& path);
 
 }  // namespace orvex::store

@@ -291,6 +291,18 @@ TEST_F(ApplicationFolderTest, ProgramsThatStartAtOnceDoNoHarm) {
   }
 }
 
+TEST_F(ApplicationFolderTest, WhatAKilledStartLeftIsClearedByTheNext) {
+  ASSERT_TRUE(Fill().failures.empty());
+  const auto entries = test::EntryCount(folder_);
+  for (const auto* name : {"tankdata.mdb", "client1.mdb", ".filled", "display.js", "ORVEX40.hlp"})
+    WriteFile(folder_ / (std::string(name) + ".4711-0.new"), "half a fil");
+  WriteFile(folder_ / "letter.txt.4711-0.new", "a person's");
+  EXPECT_TRUE(Fill().failures.empty());
+  EXPECT_EQ(test::EntryCount(folder_), entries + 1);
+  EXPECT_EQ(FileContent(folder_ / "letter.txt.4711-0.new"), "a person's");
+  ExpectAllDelivered();
+}
+
 /// The files that are in their places are whole, whenever the filling was ended.
 TEST_F(ApplicationFolderTest, EndedAtAnyMomentItLeavesWholeFilesAndTheNextStartGoesOn) {
   const std::string reference(400000, 'r');
@@ -327,6 +339,8 @@ TEST_F(ApplicationFolderTest, EndedAtAnyMomentItLeavesWholeFilesAndTheNextStartG
     EXPECT_TRUE(Fill().failures.empty());
     EXPECT_EQ(FileContent(folder_ / "tankdata.mdb"), reference);
     EXPECT_EQ(FileContent(folder_ / "client1.mdb"), "client");
+    // The five files and the mark: nothing unfinished is left.
+    EXPECT_EQ(test::EntryCount(folder_), 6);
   }
   RecordProperty("killed", killed);
   EXPECT_GT(killed, 10);

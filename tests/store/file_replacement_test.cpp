@@ -2,10 +2,16 @@
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
+#include <chrono>
 #include <csignal>
 #include <string>
+#include <thread>
+#include <vector>
 
+#include "support/child_process.h"
 #include "support/expect_error.h"
 #include "support/file_content.h"
 #include "support/test_databases.h"
@@ -127,6 +133,94 @@ TEST(FileReplacement, ADiskThatFillsUpLeavesTheOldFile) {
   setrlimit(RLIMIT_FSIZE, &before);
   std::signal(SIGXFSZ, handler);
   EXPECT_EQ(FileContent(path), "old");
+  EXPECT_EQ(EntryCount(folder.Path()), 1);
+}
+
+/// A process that is killed while it writes a file.
+void LeaveUnfinished(const std::filesystem::path& path) {
+  test::ChildProcess writer([&] {
+    FileReplacement file(path);
+    file.Write(std::string(200000, 'x'));
+    return kill(getpid(), SIGKILL);
+  });
+  ASSERT_EQ(writer.Wait(), -1);
+}
+
+TEST(FileReplacement, WhatAKilledProgramLeftIsRemovedByTheNext) {
+  const TemporaryFolder folder;
+  const auto path = folder.Path() / "report.xml";
+  LeaveUnfinished(path);
+  LeaveUnfinished(folder.Path() / "other.xml");
+  ASSERT_EQ(EntryCount(folder.Path()), 2);
+  FileReplacement file(path);
+  file.Write("whole");
+  file.Commit();
+  EXPECT_EQ(FileContent(path), "whole");
+  // That of another file is not its own.
+  EXPECT_EQ(EntryCount(folder.Path()), 2);
+  RemoveUnfinished(folder.Path() / "other.xml");
+  EXPECT_EQ(EntryCount(folder.Path()), 1);
+}
+
+TEST(FileReplacement, WhatIsStillBeingWrittenIsNotRemoved) {
+  const TemporaryFolder folder;
+  const auto path = folder.Path() / "shared.txt";
+  FileReplacement mine(path);
+  mine.Write("mine");
+  RemoveUnfinished(path);
+  test::ChildProcess other([&] {
+    FileReplacement file(path);
+    RemoveUnfinished(path);
+    file.Write("theirs");
+    file.Commit();
+    return EntryCount(folder.Path());
+  });
+  // The file, and that of the test's own process.
+  EXPECT_EQ(other.Wait(), 2);
+  mine.Commit();
+  EXPECT_EQ(FileContent(path), "mine");
+  EXPECT_EQ(EntryCount(folder.Path()), 1);
+}
+
+TEST(FileReplacement, OnlyFilesOfTheNamesItGivesAreRemoved) {
+  const TemporaryFolder folder;
+  const auto path = folder.Path() / "report.xml";
+  for (const auto* name :
+       {"report.xml.new", "report.xml.1-.new", "report.xml.-0.new", "report.xml.a-0.new", "report.xml.1-0.news",
+        "report.xml.1-0.new.old", "my report.xml.1-0.new", "report.xml1-0.new"})
+    test::WriteFile(folder.Path() / name, "a person's");
+  std::filesystem::create_directory(folder.Path() / "report.xml.1-0.new");
+  test::WriteFile(folder.Path() / "letter.txt", "a person's");
+  std::filesystem::create_symlink("letter.txt", folder.Path() / "report.xml.2-0.new");
+  ASSERT_EQ(mkfifo((folder.Path() / "report.xml.3-0.new").c_str(), 0600), 0);
+  const auto before = EntryCount(folder.Path());
+  RemoveUnfinished(path);
+  EXPECT_EQ(EntryCount(folder.Path()), before);
+  test::WriteFile(folder.Path() / "report.xml.4-0.new", "left by a program that was killed");
+  RemoveUnfinished(path);
+  EXPECT_EQ(EntryCount(folder.Path()), before);
+  RemoveUnfinished(folder.Path() / "no such folder" / "report.xml");
+}
+
+/// Programs that write and clear at once never take a file away from one another.
+TEST(FileReplacement, ProgramsThatWriteOneFileAtOnceDoNoHarm) {
+  const TemporaryFolder folder;
+  const auto path = folder.Path() / "shared.txt";
+  const auto start = std::chrono::steady_clock::now() + std::chrono::milliseconds(20);
+  std::vector<test::ChildProcess> programs;
+  for (int i = 0; i < 6; ++i) {
+    programs.emplace_back([&] {
+      std::this_thread::sleep_until(start);
+      for (int round = 0; round < 100; ++round) {
+        FileReplacement file(path);
+        file.Write("whole");
+        file.Commit();
+      }
+      return 0;
+    });
+  }
+  for (auto& program : programs) EXPECT_EQ(program.Wait(), 0);
+  EXPECT_EQ(FileContent(path), "whole");
   EXPECT_EQ(EntryCount(folder.Path()), 1);
 }
 
