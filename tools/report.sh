@@ -7,15 +7,31 @@ set -euo pipefail
 program=$1 reference=$2 sample=$3 folder=$4
 months=Jan,Feb,Mar,Apr,May,Jun,Jul,Aug,Sep,Oct,Nov,Dec
 written=()
+declare -A told=()
+messages=$(mktemp)
+trap 'rm -f "$messages"' EXIT
+
+# Passes on what a run has said, but for what an earlier run has said, too: a tank that cannot be computed by months is
+# one in every monthly report.
+Tell() {
+  local line
+  while IFS= read -r line; do
+    [[ -n ${told["x$line"]-} ]] || printf '%s\n' "$line" >&2
+    told["x$line"]=1
+  done <"$messages"
+}
 
 # Report NAME OPTION...: one run of the program on a copy of the inventory.
 Report() {
-  local name=$1 pdf=()
+  local name=$1 pdf=() result=0
   shift
   mkdir -p "$folder/$name"
   cp "$sample" "$folder/$name/client1.mdb"
   if [[ -x ${program%/*}/orvex-pdf ]]; then pdf=(--pdf "$folder/$name.pdf"); fi
-  "$program" --client "$folder/$name/client1.mdb" --reference "$reference" --out "$folder/$name" "${pdf[@]}" "$@"
+  "$program" --client "$folder/$name/client1.mdb" --reference "$reference" --out "$folder/$name" "${pdf[@]}" "$@" \
+    2>"$messages" || result=$?
+  Tell
+  if ((result != 0)); then exit "$result"; fi
   written+=("$folder/$name"/*data.xml)
   if ((${#pdf[@]} > 0)); then written+=("$folder/$name.pdf"); fi
 }
