@@ -77,6 +77,14 @@ class FaultyFileTest(unittest.TestCase):
     def test_file_of_other_content(self):
         self.assert_told('<catalog/>', 'brief', 'briefdata.xml is an XML file, but not a report of ORVEX.')
 
+    def test_file_that_multiplies_its_text_by_entities(self):
+        # Each of the 5,000 references stands for 50,000 characters: 250 MB from 300 kB.
+        declaration = f'<?xml version="1.0"?><!DOCTYPE REPORT [<!ENTITY much "{"x" * 50000}">]>'
+        text = reports.report_text('brief').replace('<?xml version="1.0"?>', declaration, 1)
+        self.assertIn(declaration, text)
+        self.assert_told(text.replace('<NAME>', '<NAME>' + '&much;' * 5000, 1), 'brief',
+                         'briefdata.xml has a document type declaration, which no report of ORVEX has.')
+
     def test_report_without_its_type(self):
         self.assert_told(reports.without(reports.report_text('brief'), 'TYPE'), 'brief',
                          'briefdata.xml does not tell which kind of report it holds.')
