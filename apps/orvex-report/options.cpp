@@ -30,6 +30,9 @@ constexpr std::string_view kPapers[] = {"letter", "a4"};
 
 [[noreturn]] void WrongUse(std::string description) { throw Failure{kWrongUse, std::move(description)}; }
 
+/// An empty name, as an unset variable of a script gives, would be taken for none without a word.
+std::string Named(const std::string& file) { return file.empty() ? "no file is named" : ""; }
+
 Kind ParseKind(const std::string& text) {
   for (const auto& kind : ReportKinds())
     if (store::LowerCase(text) == kind.option) return kind.kind;
@@ -74,7 +77,8 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
   app.set_version_flag("--version", fmt::format("orvex-report {}", shell::kVersion), "Print the version and end");
   app.add_option("--client", options.client, "Client database")->type_name("FILE")->required();
   app.add_option("--reference", options.reference, "Reference database; the delivered one if not given")
-      ->type_name("FILE");
+      ->type_name("FILE")
+      ->check(Named);
   app.add_option("--tanks", options.tanks, "Tanks by USER ID, all of them if not given; @FILE reads one a line")
       ->type_name("all|ID,...|@FILE")
       ->allow_extra_args(false);
@@ -91,9 +95,10 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
       ->type_name("DIR")
       ->capture_default_str();
   auto* csv = app.add_option("--csv", options.csv, "Also write the emission rows of the tanks to a CSV file");
-  csv->type_name("FILE");
-  auto* pdf =
-      app.add_option("--pdf", options.pdf, "Also print the report, in landscape, to a PDF file")->type_name("FILE");
+  csv->type_name("FILE")->check(Named);
+  auto* pdf = app.add_option("--pdf", options.pdf, "Also print the report, in landscape, to a PDF file")
+                  ->type_name("FILE")
+                  ->check(Named);
   app.add_option("--paper", paper, "Paper of the PDF: letter or a4")
       ->type_name("PAPER")
       ->capture_default_str()

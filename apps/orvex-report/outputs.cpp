@@ -83,6 +83,14 @@ void CheckMayReplace(const fs::path& target) {
                   Name(target))};
 }
 
+/// A link that a person has made leads to the file that is meant.
+fs::path Target(const fs::path& output) {
+  std::error_code error;
+  if (!fs::is_symlink(output, error)) return output;
+  auto target = fs::canonical(output, error);
+  return error ? output : target;
+}
+
 /// A file of its own that an option names.
 struct NamedOutput {
   std::string_view option;
@@ -107,7 +115,7 @@ Outputs PrepareOutputs(const Options& options, const shell::Session& session, co
   if (!options.pdf.empty()) FindPdfProgram(around.program);
   const auto display = FindDisplayFiles(around);
   MakeFolder(options.out);
-  Outputs outputs{.data = options.out / kind.data, .page = {}};
+  Outputs outputs{.data = options.out / kind.data, .page = {}, .csv = Target(options.csv), .pdf = Target(options.pdf)};
   CheckNotADatabase(outputs.data, session);
   TryToOpen("--out", outputs.data);
   std::vector<fs::path> report = {outputs.data};
@@ -116,15 +124,15 @@ Outputs PrepareOutputs(const Options& options, const shell::Session& session, co
     CheckNotADatabase(report.back(), session);
     CheckMayReplace(report.back());
   }
-  if (!options.csv.empty()) CheckNamedOutput({"--csv", options.csv}, report, session);
-  if (!options.pdf.empty()) CheckNamedOutput({"--pdf", options.pdf}, report, session);
-  if (!options.csv.empty() && !options.pdf.empty() && SameFile(options.csv, options.pdf))
-    throw Failure{kWrongUse, fmt::format("--pdf: '{}' is the file of --csv, too", Name(options.pdf))};
+  if (!outputs.csv.empty()) CheckNamedOutput({"--csv", outputs.csv}, report, session);
+  if (!outputs.pdf.empty()) CheckNamedOutput({"--pdf", outputs.pdf}, report, session);
+  if (!outputs.csv.empty() && !outputs.pdf.empty() && SameFile(outputs.csv, outputs.pdf))
+    throw Failure{kWrongUse, fmt::format("--pdf: '{}' is the file of --csv, too", Name(outputs.pdf))};
   for (const auto& file : display) ForOption("--out", [&] { shell::BringUpToDate(file, options.out); });
   const auto page = options.out / kind.display;
   std::error_code not_there;
   if (fs::exists(page, not_there)) outputs.page = page;
-  if (!options.pdf.empty() && outputs.page.empty())
+  if (!outputs.pdf.empty() && outputs.page.empty())
     throw Failure{kCannotOpen, fmt::format("--pdf: the page '{}' is not there", Name(page))};
   return outputs;
 }

@@ -12,6 +12,8 @@ namespace orvex::report_app {
 struct Outputs {
   std::filesystem::path data;
   std::filesystem::path page;  ///< empty where no pages were delivered with the program
+  std::filesystem::path csv;   ///< empty: none is written; of a link, what it leads to
+  std::filesystem::path pdf;   ///< the same
 };
 
 /// Makes the output folder, puts the display pages there and tries the other outputs, before a long run rather than

@@ -80,7 +80,7 @@ int Report(const Options& options, const Surroundings& around) {
   PrintErrorRows(*session.ClientDb, stopped ? "" : "warning: ", around.err);
   if (ending == Ending::kNone) throw Failure{kRunTimeFailure, "the run ended without a report"};
   if (stopped) return host.FailureReported() ? kRunTimeFailure : kDataFaults;
-  if (!options.csv.empty()) WriteEmissionCsv(*session.ClientDb, tanks, options.csv);
+  if (!options.csv.empty()) WriteEmissionCsv(*session.ClientDb, tanks, outputs.csv);
   const bool written = !host.Pages().empty();
   if (!options.quiet) {
     PrintLossTable(*session.ClientDb, tanks, reports::PeriodText(session), around.out);
@@ -88,7 +88,7 @@ int Report(const Options& options, const Surroundings& around) {
   }
   // A report that was not written may have left an older one in its place, which must not be taken for it.
   if (!options.pdf.empty() && written) {
-    WritePdf({.page = outputs.page, .file = options.pdf, .paper = options.paper}, around);
+    WritePdf({.page = outputs.page, .file = outputs.pdf, .paper = options.paper}, around);
     if (!options.quiet) around.out << fmt::format("PDF: {}\n", Name(options.pdf));
   }
   if (host.FailureReported()) throw Failure{kRunTimeFailure, "run-time failures were reported: figures may be missing"};

@@ -100,6 +100,9 @@ FileReplacement::FileReplacement(fs::path path) : path_(std::move(path)) {
   if (!fs::is_directory(FolderOf(path_), ignored))
     throw RunTimeError(ErrorNumber::kInvalidPath,
                        fmt::format("'{}' is not a valid path: its folder is not there.", path_.string()));
+  if (fs::is_other(fs::status(path_, ignored)))
+    throw RunTimeError(ErrorNumber::kInvalidPath,
+                       fmt::format("'{}' is not a valid path: it is a device or the like.", path_.string()));
   RemoveUnfinished(path_);
   Open();
   buffer_.reserve(kBufferSize);

@@ -8,8 +8,8 @@ namespace orvex::store {
 
 /// A file that takes the place of another only when it is complete: it is written beside it, flushed to the disk and
 /// renamed. Left without `Commit`, nothing changes; a process that is killed leaves the unfinished file, which the next
-/// replacement of the same file removes. Errors: 3044 the folder is not there, 3043 the disk refused; both name the
-/// file.
+/// replacement of the same file removes. Errors, which name the file: 3044 its folder is not there or it is none that
+/// could be replaced (a device, a pipe), 3043 the disk refused.
 class FileReplacement {
  public:
   explicit FileReplacement(std::filesystem::path path);

@@ -93,6 +93,8 @@ TEST(Options, RefusalsNameTheOptionOrValue) {
   EXPECT_TRUE(Mentions(Refusal({"--client", "c", "--list", "--pdf", "x"}), "--pdf"));
   EXPECT_TRUE(Mentions(Refusal({"--client"}), "--client"));
   EXPECT_TRUE(Mentions(Refusal({"--client", "c", "--list", "--csv", "x"}), "--csv"));
+  for (const auto* option : {"--reference", "--csv", "--pdf"})
+    EXPECT_EQ(Refusal({"--client", "c", "--annual", option, ""}), std::string(option) + ": no file is named");
   EXPECT_TRUE(Mentions(Refusal({"--client", "c", "--list", "--quiet"}), "--quiet"));
 }
 

@@ -73,6 +73,24 @@ TEST_F(OutputsTest, TheRowsCannotGoToADisplayFile) {
   EXPECT_TRUE(Told("--csv: '" + csv + "' is the report's own file")) << err_.str();
 }
 
+TEST_F(OutputsTest, ADeviceIsNotReplacedByTheRows) {
+  const auto device = test_.folder.Path() / "null.csv";
+  fs::create_symlink("/dev/null", device);
+  EXPECT_EQ(RunOn({"--annual", "--csv", device}), kCannotOpen);
+  EXPECT_TRUE(Told("--csv: '/dev/null' is not a valid path: it is a device or the like.")) << err_.str();
+  EXPECT_TRUE(fs::is_symlink(device));
+}
+
+TEST_F(OutputsTest, ALinkLeadsToTheFileThatTheRowsReplace) {
+  const auto rows = test_.folder.Path() / "rows.csv", link = test_.folder.Path() / "link.csv";
+  WriteFile(rows, "old rows");
+  fs::create_symlink("rows.csv", link);
+  ASSERT_EQ(RunOn({"--annual", "--csv", link}), kDone) << err_.str();
+  EXPECT_TRUE(fs::is_symlink(link));
+  EXPECT_TRUE(FileContent(rows).starts_with("ID,")) << FileContent(rows).substr(0, 40);
+  EXPECT_TRUE(out_.str().ends_with("\nEmission rows: " + link.string() + "\n")) << out_.str();
+}
+
 TEST_F(OutputsTest, WithoutDeliveredPagesTheReportIsWrittenWithAWarning) {
   fs::remove_all(Delivered());
   EXPECT_EQ(RunOn({"--annual"}), kDone);

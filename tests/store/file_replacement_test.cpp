@@ -115,6 +115,18 @@ TEST(FileReplacement, CannotReplaceAFolder) {
   EXPECT_RUN_TIME_ERROR(file.Commit(), ErrorNumber::kDiskFailure);
 }
 
+TEST(FileReplacement, NeverTakesThePlaceOfADeviceOrAPipe) {
+  const TemporaryFolder folder;
+  const auto pipe = folder.Path() / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  std::filesystem::create_symlink("pipe", folder.Path() / "link");
+  std::filesystem::create_symlink("/dev/null", folder.Path() / "null");
+  for (const auto* name : {"pipe", "link", "null"})
+    EXPECT_RUN_TIME_ERROR(FileReplacement(folder.Path() / name), ErrorNumber::kInvalidPath);
+  EXPECT_TRUE(std::filesystem::is_fifo(pipe));
+  EXPECT_EQ(EntryCount(folder.Path()), 3);
+}
+
 TEST(FileReplacement, NamesAFolderThatTakesNoFiles) {
   if (!std::filesystem::exists("/proc/self")) GTEST_SKIP() << "no folder that refuses files to everybody";
   EXPECT_RUN_TIME_ERROR(FileReplacement("/proc/self/file.txt"), ErrorNumber::kDiskFailure);
