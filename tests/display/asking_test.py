@@ -64,6 +64,16 @@ class FaultyFileTest(unittest.TestCase):
         self.assertEqual(self.browser.open(reports.page_with(None, 'detail')), 'waiting')
         self.assertIn('summarydata.xml', self.browser.message())
 
+    def test_page_without_its_scripts_says_so(self):
+        page = reports.page_with(reports.report_text('brief'), 'brief')
+        page.with_name('display.js').unlink()
+        self.browser.driver.get(page.as_uri())
+        self.assertIn('scripts of the page are missing', self.browser.driver.find_element('tag name', 'p').text)
+
+    def test_text_for_a_page_without_scripts_is_gone_when_they_have_run(self):
+        self.assertEqual(self.browser.open(reports.page_with(reports.report_text('brief'), 'brief')), 'ready')
+        self.assertNotIn('scripts', self.browser.text())
+
     def test_empty_file(self):
         self.assert_told('', 'brief', 'briefdata.xml is empty.')
 
