@@ -169,7 +169,7 @@ void FillComponents(Session& session, int32_t ID, double average_r) {
 }  // namespace
 
 void CalcProp(Session& session, int32_t ID) {
-  const shell::BusyScope busy(session.host, "Processing");
+  const shell::BusyScope busy(session, "Processing");
   shell::TrappedWriting(session, *session.ClientDb, "modEmission.CalcProp", [&] {
     auto tanks = session.ClientDb->OpenMatching("tank", "ID", {ID});
     auto mixtures = session.ClientDb->OpenMatching("mixtures", "IDMIX", {ID});

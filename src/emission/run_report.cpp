@@ -176,7 +176,7 @@ void RunReport(Session& session) {
   shell::Trapped(session, "mDatabase.RunReport", [&] {
     bool finished = false;
     {
-      const shell::BusyScope busy(session.host, "Processing");
+      const shell::BusyScope busy(session, "Processing");
       store::Transaction client(*session.ClientDb);
       store::Transaction reference(*session.ReferenceDb, store::Transaction::Purpose::kRead);
       // What a run wrote before a failure stays; only when the person stops it, all is undone.

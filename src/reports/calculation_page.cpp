@@ -120,7 +120,7 @@ void AddCells(shell::Session& session, std::string_view field, RecordSet& emissi
 
 void DetailReportPage3(shell::Session& session, const DetailTank& tank, pugi::xml_node tank_element) {
   shell::Trapped(session, kLabel, [&] {
-    const shell::BusyScope busy(session.host, "Processing report");
+    const shell::BusyScope busy(session, "Processing report");
     const auto stored = ReadTank(session, tank.id);
     auto emission = OpenPrimaryRows(session, tank);
     auto detail = AddElement(tank_element, "Detail");

@@ -32,7 +32,7 @@ const std::vector<EmissionLine>& SummedTanks::Lines(store::Database& client, std
 void DetailReportPage4(shell::Session& session, const DetailTank& tank, SummedTanks& summed,
                        pugi::xml_node tank_element) {
   shell::Trapped(session, kLabel, [&] {
-    const shell::BusyScope busy(session.host, "Processing report");
+    const shell::BusyScope busy(session, "Processing report");
     auto& client = *session.ClientDb;
     const auto tank_type = EmissionTankType(client, tank.id);
     auto totals = AddElement(tank_element, "EmissionTotals");

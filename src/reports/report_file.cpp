@@ -9,7 +9,7 @@ namespace orvex::reports {
 void WriteReport(shell::Session& session, const ReportFile& file,
                  void (*add_content)(shell::Session& session, pugi::xml_node report)) {
   shell::Trapped(session, file.routine, [&] {
-    const shell::BusyScope busy(session.host, "Processing report");
+    const shell::BusyScope busy(session, "Processing report");
     ReportDocument document;
     add_content(session, document.Root());
     document.Save(session.application_folder / file.data);

@@ -34,8 +34,8 @@ struct Filling {
 /// Makes the folder if need be and fills it from the files that the program is delivered with (`program` is its own
 /// file). Pages and help belong to the program and are brought up to date. The databases belong to the person: they
 /// are put there on the first start, never over anything, and one that is gone later stays gone, so that the person is
-/// asked where it is instead of finding an empty one. Ended at any moment it leaves whole files only, and unfinished ones
-/// under names of their own; the next start removes these and goes on. Two programs may do it at once.
+/// asked where it is instead of finding an empty one. Ended at any moment it leaves whole files only, and unfinished
+/// ones under names of their own; the next start removes these and goes on. Two programs may do it at once.
 Filling FillApplicationFolder(const std::filesystem::path& folder, const std::filesystem::path& program);
 
 }  // namespace orvex::shell

@@ -45,10 +45,6 @@ class Host {
   virtual void ShowWindow(std::string_view name) = 0;
   /// `done` of `total` units of a long command are finished. May throw `Interrupted` to stop the command.
   virtual void Progress(std::int64_t done, std::int64_t total) = 0;
-
- private:
-  friend class BusyScope;
-  std::string busy_status_;  ///< of the innermost command that is running; empty without one
 };
 
 /// The person stopped a running command: what it was writing is undone. Not an error, so no routine reports it.

@@ -22,6 +22,8 @@ struct Session {
   /// Where report files and their display pages stand.
   std::filesystem::path application_folder;
 
+  std::string busy_status;  ///< of the innermost `BusyScope`; empty when no command is running
+
   // The report selection.
   std::vector<std::string> TankList;     ///< `USER ID` of each chosen tank, in the order chosen
   std::string ReportType;                ///< "Brief", "Summary" or "Detail"

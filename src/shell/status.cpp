@@ -13,17 +13,17 @@ void SetStatus(Host& host, std::string_view text, bool please_wait) {
   host.SetStatusText(std::string(text) + (please_wait ? ", please wait..." : ""));
 }
 
-BusyScope::BusyScope(Host& host, std::string_view status)
-    : host_(host), outer_status_(std::exchange(host.busy_status_, std::string(status))) {
-  host_.SetPointer(Pointer::kBusy);
-  SetStatus(host_, status, true);
+BusyScope::BusyScope(Session& session, std::string_view status)
+    : session_(session), outer_status_(std::exchange(session.busy_status, std::string(status))) {
+  session_.host.SetPointer(Pointer::kBusy);
+  SetStatus(session_.host, status, true);
 }
 
 BusyScope::~BusyScope() {
-  host_.busy_status_ = outer_status_;
+  session_.busy_status = outer_status_;
   const bool still_busy = !outer_status_.empty();
-  host_.SetPointer(still_busy ? Pointer::kBusy : Pointer::kDefault);
-  SetStatus(host_, outer_status_, still_busy);
+  session_.host.SetPointer(still_busy ? Pointer::kBusy : Pointer::kDefault);
+  SetStatus(session_.host, outer_status_, still_busy);
 }
 
 }  // namespace orvex::shell

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "shell/host.h"
+#include "shell/session.h"
 
 namespace orvex::shell {
 
@@ -18,13 +18,13 @@ void SetStatus(Host& host, std::string_view text, bool please_wait);
 /// another one gives back the outer one's, so that the pointer stays busy to the end of that.
 class BusyScope {
  public:
-  BusyScope(Host& host, std::string_view status);
+  BusyScope(Session& session, std::string_view status);
   BusyScope(const BusyScope&) = delete;
   BusyScope& operator=(const BusyScope&) = delete;
   ~BusyScope();
 
  private:
-  Host& host_;
+  Session& session_;
   std::string outer_status_;
 };
 

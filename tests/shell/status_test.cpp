@@ -20,8 +20,9 @@ TEST(Status, SaysReadyWhenThereIsNothingToSay) {
 
 TEST(Status, CommandIsBusyFromItsStartToItsEnd) {
   test::ScriptedHost host;
+  Session session(host);
   {
-    const BusyScope busy(host, "Processing");
+    const BusyScope busy(session, "Processing");
     EXPECT_EQ(host.status, Texts{"Processing, please wait..."});
     EXPECT_EQ(host.pointers, Pointers{Pointer::kBusy});
   }
@@ -31,22 +32,24 @@ TEST(Status, CommandIsBusyFromItsStartToItsEnd) {
 
 TEST(Status, CommandInsideAnotherOneLeavesItBusy) {
   test::ScriptedHost host;
+  Session session(host);
   {
-    const BusyScope outer(host, "Processing");
-    { const BusyScope inner(host, "Saving"); }
+    const BusyScope outer(session, "Processing");
+    { const BusyScope inner(session, "Saving"); }
     EXPECT_EQ(host.status.back(), "Processing, please wait...");
     EXPECT_EQ(host.pointers.back(), Pointer::kBusy);
   }
   EXPECT_EQ(host.status.back(), "Ready");
   EXPECT_EQ(host.pointers.back(), Pointer::kDefault);
-  { const BusyScope next(host, "Finding data"); }
+  { const BusyScope next(session, "Finding data"); }
   EXPECT_EQ(host.pointers.back(), Pointer::kDefault);
 }
 
 TEST(Status, CommandThatFailsIsNoLongerBusy) {
   test::ScriptedHost host;
+  Session session(host);
   try {
-    const BusyScope busy(host, "Processing");
+    const BusyScope busy(session, "Processing");
     throw Interrupted();
   } catch (const Interrupted&) {
     EXPECT_EQ(host.pointers.back(), Pointer::kDefault);

@@ -159,7 +159,7 @@ TEST_F(Trap, AStatementPassesEveryOtherFailureOn) {
 TEST_F(Trap, AFailureInsideABusyCommandEndsReady) {
   host_.ExpectError(13, "General.Routine");
   Trapped(session_, "General.Routine", [&] {
-    const BusyScope busy(host_, "Saving");
+    const BusyScope busy(session_, "Saving");
     Throw(ErrorNumber::kTypeMismatch);
   });
   EXPECT_EQ(host_.pointers.back(), Pointer::kDefault);
