@@ -200,7 +200,7 @@ TEST_F(RecordSetPosition, ASetThatIsClosedOrHandedOnSaysSo) {
   auto first = client.OpenTable("tank");
   auto second = std::move(first);
   EXPECT_EQ(second.Text("USER ID"), "a");
-  for (auto* set : {&tanks, &first}) {
+  for (auto* set : {&tanks, &first}) {  // NOLINT(bugprone-use-after-move): it is the subject
     EXPECT_RUN_TIME_ERROR(set->Text("USER ID"), ErrorNumber::kObjectClosed);
     EXPECT_RUN_TIME_ERROR(set->AtEnd(), ErrorNumber::kObjectClosed);
     EXPECT_RUN_TIME_ERROR(set->MoveNext(), ErrorNumber::kObjectClosed);

@@ -18,8 +18,8 @@ TableRows Fittings(const std::string& lines) {
 }
 
 TableRows Seams(const std::string& header, const std::string& line) {
-  constexpr std::string_view left_out[] = {"Counter"};
-  return {store::CsvTable::Parse(header + "\n" + line + "\n", "deckseam.csv"), "deckseam", left_out};
+  constexpr std::string_view kLeftOut[] = {"Counter"};
+  return {store::CsvTable::Parse(header + "\n" + line + "\n", "deckseam.csv"), "deckseam", kLeftOut};
 }
 
 TEST(TableRows, CellsAreReadByTheTypeOfTheirField) {
