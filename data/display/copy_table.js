@@ -11,7 +11,15 @@
     return block ? block.querySelector('table') : node.closest('table') || node.querySelector('table');
   }
 
-  function textOf(cell) { return cell.textContent.replace(/\s+/g, ' ').trim(); }
+  // Spreadsheets compute what begins with one of these, and a formula out of somebody else's file may even start
+  // programs: behind an apostrophe it stays text. Figures go as they are, negative ones too. A pasted table is computed
+  // like pasted text, so both are guarded.
+  function guarded(text) {
+    const computed = /^[=+\-@]/.test(text) && orvex.number(text.replace(/^\+/, '')) === null;
+    return computed ? `'${text}` : text;
+  }
+
+  function textOf(cell) { return guarded(cell.textContent.replace(/\s+/g, ' ').trim()); }
 
   // Cells that span rows or columns stand in the first place of what they cover.
   function grid(table) {

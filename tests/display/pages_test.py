@@ -163,6 +163,30 @@ class PagesTest(unittest.TestCase):
         self.assertEqual(self.browser.run('return orvex.tableContent(document.querySelector(".roll-up"))'),
                          {'text': put['text/plain'], 'html': put['text/html']})
 
+    def test_names_that_a_spreadsheet_would_compute_arrive_as_text(self):
+        for name in ('=cmd|\' /C calc\'!A0', '+SUM(1,2)', '-2+3', '@SUM(1,2)'):
+            with self.subTest(name=name):
+                self.open(reports.report_text('brief', '', 'all', rename=name), 'brief')
+                self.browser.run("""
+                    window.put = {};
+                    const original = DataTransfer.prototype.setData;
+                    DataTransfer.prototype.setData = function (kind, text) {
+                      window.put[kind] = text;
+                      return original.call(this, kind, text);
+                    };""")
+                self.browser.driver.find_element('css selector', '.roll-up-block button.copy').click()
+                put = self.browser.run('return window.put')
+                self.assertEqual(put['text/plain'].split('\n')[1].split('\t')[0], f"'{name}")
+                self.assertIn(f">'{name}</th>", put['text/html'])
+                # On the page the name stands as it is.
+                self.assertEqual(self.browser.cells('.roll-up tbody')[0], name)
+
+    def test_figures_are_copied_as_numbers_even_below_zero(self):
+        text = reports.report_text('brief', '', 'VF-101,VF-102').replace('loss="908.42"', 'loss="-1,908.42"')
+        self.open(text, 'brief')
+        copied = self.browser.run('return orvex.copyTable(document.querySelector(".roll-up"))')
+        self.assertEqual(copied.split('\n')[2].split('\t')[-1], '-1,908.42')
+
     def test_without_a_choice_the_table_last_touched_is_copied(self):
         self.open(reports.report_text('brief', '', 'VF-101,VF-102'), 'brief')
         self.assertIn('Company', self.browser.run('return orvex.copyTable()'))
