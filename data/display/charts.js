@@ -246,7 +246,10 @@
     return lines.filter((line, index) => !line.primary || index + 1 === lines.length || lines[index + 1].primary);
   }
 
-  /** Losses of each chemical over all tanks, largest first: {figure, rows: [{name, tanks, total, text, rest?}]}. */
+  /**
+   * Losses of each chemical over all tanks, largest first: {figure, rows: [{name, tanks, total, text, rest?}]}. The row
+   * of the rest holds those that it stands for as `others`.
+   */
   function lossesByChemical(model) {
     const found = new Map();
     (model.tanks || []).forEach((tank, index) => {
@@ -264,7 +267,7 @@
       ({name: name || '(no name)', tanks: tanks.size, ...totalOf(texts)})).sort(byAmount);
     const unit = unitOf(model);
     return chartOf({
-      rows: withRest(chemicals, MOST_CHEMICALS, 'chemical', () => ({tanks: null})),
+      rows: withRest(chemicals, MOST_CHEMICALS, 'chemical', (others) => ({tanks: null, others})),
       count: chemicals.length,
       noun: 'chemical',
       unit,

@@ -24,7 +24,7 @@
 
   function render(model) {
     const main = element('main', {id: 'report'}, ...orvex.sections.build(model));
-    const parts = main.querySelector('#overview') ? [{anchor: 'overview', text: 'Overview'}] : [];
+    const parts = orvex.sections.parts(main);
     const places = orvex.sections.places(model);
     const title = orvex.labels.kinds[model.kind].title;
     const single = places.length === 1;

@@ -103,10 +103,10 @@
     MeteorologicalData: {title: 'Meteorological data', items: {}},
   };
 
-  // `group` is the heading over neighbouring columns.
+  // `group` is the heading over neighbouring columns; `again` is repeated where a mixture goes on on another sheet.
   labels.liquid = [
     {name: 'MixtureComponent', share: 14, label: 'Mixture / component', rowHeading: true},
-    {name: 'Month', share: 3.5, label: 'Month'},
+    {name: 'Month', share: 3.5, label: 'Month', again: true},
     {name: 'AveDailyTemp', share: 4.5, label: 'Avg.', group: 'Liquid surface temp.', unit: 'deg F', figure: true},
     {name: 'MinDailyTemp', share: 4.5, label: 'Min.', group: 'Liquid surface temp.', unit: 'deg F', figure: true},
     {name: 'MaxDailyTemp', share: 4.5, label: 'Max.', group: 'Liquid surface temp.', unit: 'deg F', figure: true},
@@ -142,6 +142,12 @@
     {name: 'type', label: 'Type'},
     {name: 'location', label: 'Location'},
     {name: 'loss', label: 'Total emissions', unit: 'lb', figure: true},
+  ];
+
+  labels.chemicals = [
+    {name: 'name', label: 'Chemical', rowHeading: true},
+    {name: 'tanks', label: 'Tanks', figure: true},
+    {name: 'text', label: 'Total emissions', unit: 'lb', figure: true},
   ];
 
   labels.months = ['Annual', 'Jan', 'Feb', 'Mar', 'Apr', 'May', 'Jun', 'Jul', 'Aug', 'Sep', 'Oct', 'Nov', 'Dec'];

@@ -5,6 +5,12 @@
 (function (orvex) {
   const {element, labels, tables, isBlank} = orvex;
 
+  const overviewParts = [
+    {anchor: 'overview', text: 'Overview'},
+    {anchor: 'by-tank', text: 'Losses by tank'},
+    {anchor: 'by-chemical', text: 'Losses by chemical'},
+  ];
+
   function nameOf(text) { return isBlank(text) ? '(tank without a name)' : text; }
 
   function anchorOf(index) { return `tank-${index + 1}`; }
@@ -39,14 +45,29 @@
   }
 
   // A chart shows nothing that the tables do not say: a report without its picture is better than none.
-  function chart(name, argument) {
+  function drawn(name, argument) {
     try {
-      const drawn = orvex.charts[name](argument);
-      return drawn ? element('div', {class: `chart-block ${name}`}, drawn.figure) : null;
+      return orvex.charts[name](argument);
     } catch (error) {
       console.error(error);
       return null;
     }
+  }
+
+  function chartBlock(name, chart, anchor) {
+    return element('div', {class: `chart-block ${name}`, id: anchor, tabindex: anchor ? '-1' : null}, chart.figure);
+  }
+
+  function monthlyCourse(tank) {
+    const chart = drawn('monthlyCourse', tank);
+    return chart ? chartBlock('monthlyCourse', chart) : null;
+  }
+
+  // A chart over all tanks with its table, unless it is one bar, which says no more than the line it stands for.
+  function chartWithTable(name, model, anchor, tableOf) {
+    const chart = drawn(name, model);
+    if (!chart || chart.rows.length < 2) return [];
+    return [chartBlock(name, chart, anchor), tableOf(chart.rows)];
   }
 
   // The roll-up names tanks by their USER ID, trimmed or not.
@@ -65,12 +86,14 @@
   }
 
   function overview(model) {
-    const byTank = model.tanks.length > 1 ? chart('lossesByTank', model) : null;
-    const byChemical = chart('lossesByChemical', model);
-    if (!model.summary && !byTank && !byChemical) return null;
-    return section('overview', {class: 'overview'},
-        heading('h2', 'overview', 'Overview'),
-        model.summary ? tables.rollUp(model.summary, anchorsById(model)) : null, byTank, byChemical);
+    const anchor = anchorsById(model);
+    const content = [
+      model.summary ? tables.rollUp(model.summary, anchor) : null,
+      ...chartWithTable('lossesByTank', model, 'by-tank', (rows) => orvex.chartTables.tanks(rows, anchor)),
+      ...chartWithTable('lossesByChemical', model, 'by-chemical', orvex.chartTables.chemicals),
+    ].filter((node) => node !== null);
+    return content.length === 0 ? null :
+      section('overview', {class: 'overview'}, heading('h2', 'overview', 'Overview'), ...content);
   }
 
   function valueText(item, known) {
@@ -139,7 +162,7 @@
         tank.liquid.length > 0 ? tables.liquidContents(tank) : null,
         ...calculationBlocks(tank),
         tank.components.length > 0 ? tables.emissionTotals(tank) : missing('The report holds no losses of this tank.'),
-        chart('monthlyCourse', tank));
+        monthlyCourse(tank));
     // Off the screen a section has this height until it is drawn: close enough for a steady scroll bar.
     const height = 420 + 24 * made.querySelectorAll('tr').length;
     made.style.containIntrinsicSize = `auto 900px auto ${height}px`;
@@ -165,5 +188,10 @@
       search: [tank.name, tank.company, tank.location].join(' ').toLowerCase()}));
   }
 
-  orvex.sections = {build, places};
+  /** What stands in front of the tanks: [{anchor, text}], of the document that `build` made. */
+  function parts(main) {
+    return overviewParts.filter((part) => main.querySelector(`#${part.anchor}`) !== null);
+  }
+
+  orvex.sections = {build, places, parts};
 })(window.orvex = window.orvex || {});

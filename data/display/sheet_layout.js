@@ -5,8 +5,8 @@
 // A block is {height, keep, starts, scale} or, when it may be parted between rows, also {units, overhead, lanes}:
 //   keep      it must not be the last one on its sheet (a heading)
 //   starts    it begins a new sheet
-//   units     what stays together in a table, e.g. a row: {height, repeat, repeatHeight}; `repeat` is the heading of
-//             the unit's group, which is repeated when the group goes on elsewhere
+//   units     what stays together in a table, e.g. a row: {height, repeatHeight}; the latter is that of the headings of
+//             the unit's group, which are repeated when the group goes on elsewhere
 //   overhead  what each piece of a table costs besides its units: caption and column headings
 //   lanes     how many pieces of it stand side by side
 (function (orvex) {
@@ -17,7 +17,7 @@
 
   function heightOf(units, from, to) {
     if (to <= from) return 0;
-    let height = units[from].repeat ? units[from].repeatHeight : 0;
+    let height = units[from].repeatHeight;
     for (let index = from; index < to; index += 1) height += units[index].height;
     return height;
   }
@@ -25,7 +25,7 @@
   /** The end of the units from `from` on that fit into `room`. */
   function take(units, from, room) {
     if (from >= units.length) return from;
-    let left = room - (units[from].repeat ? units[from].repeatHeight : 0);
+    let left = room - units[from].repeatHeight;
     let to = from;
     while (to < units.length && units[to].height <= left) {
       left -= units[to].height;

@@ -7,17 +7,18 @@
   const {element} = orvex;
   const root = document.documentElement;
   const continued = ' (continued)';
-  // Classes of rows that must not be parted from the next one of their group; the first two are repeated, too.
-  const repeatedRows = ['heading', 'tank-row'];
-  const leadingRows = [...repeatedRows, 'lead'];
+  // Classes of rows that head the rest of their group: not parted from the next row, and repeated where it goes on.
+  const leadingRows = ['heading', 'tank-row', 'lead'];
   // How many pieces stand side by side, by the kind of a table.
-  const lanes = {'year': 3, 'printed-contents': 2};
+  const lanes = {'year': 3, 'printed-contents': 2, 'chemicals': 2};
   const tightest = 5;
 
   let printable = null;
   let printed = null;
 
   function heightOf(node) { return node.getBoundingClientRect().height; }
+
+  function sumOfHeights(rows) { return rows.reduce((sum, row) => sum + heightOf(row), 0); }
 
   function hasClass(row, classes) { return classes.some((name) => row.classList.contains(name)); }
 
@@ -35,21 +36,35 @@
     return row ? row.dataset.tank || '' : '';
   }
 
-  // The rows of a table's body that stay together.
+  function sumOfHeights(rows) { return rows.reduce((sum, row) => sum + heightOf(row), 0); }
+
+  // Whether a row must not be parted from the next one.
+  function isLeading(row, next) {
+    if (!next) return false;
+    return hasClass(row, leadingRows) || (row.classList.contains('primary') && next.classList.contains('part'));
+  }
+
+  // The rows of a table's body that stay together. Each unit knows the rows that head it: the first row of the body,
+  // and the mixture whose components it holds.
   function unitsOf(body) {
     const units = [];
     const rows = Array.from(body.rows);
-    const first = rows[0];
-    const repeat = first && hasClass(first, repeatedRows) ? first : null;
+    const first = rows.length > 0 && hasClass(rows[0], leadingRows) ? rows[0] : null;
     const tank = tankOf(body);
-    let rowsOfUnit = [];
+    let mixture = null;
+    let unit = null;
     rows.forEach((row, index) => {
-      rowsOfUnit.push(row);
-      if (hasClass(row, leadingRows) && index + 1 < rows.length) return;
-      const again = units.length > 0 ? repeat : null;
-      units.push({rows: rowsOfUnit, height: rowsOfUnit.reduce((sum, each) => sum + heightOf(each), 0), body, tank,
-        repeat: again, repeatHeight: again ? heightOf(again) : 0});
-      rowsOfUnit = [];
+      if (!unit) {
+        const heads = [first, row.classList.contains('part') ? mixture : null];
+        const repeat = units.length === 0 ? [] : heads.filter((head) => head !== null);
+        unit = {rows: [], height: 0, body, tank, repeat, repeatHeight: sumOfHeights(repeat)};
+      }
+      if (row.classList.contains('primary')) mixture = row;
+      unit.rows.push(row);
+      unit.height += heightOf(row);
+      if (isLeading(row, rows[index + 1])) return;
+      units.push(unit);
+      unit = null;
     });
     return units;
   }
@@ -105,12 +120,22 @@
     }));
   }
 
-  function rowAgain(row) {
+  function headingAgain(row) {
     const copy = row.cloneNode(true);
     for (const node of copy.querySelectorAll('[id]')) node.removeAttribute('id');
     const cell = copy.cells[0];
     (cell.querySelector('.tank-name') || cell).append(continued);
     return copy;
+  }
+
+  // A row with figures is repeated by its name, and its month if it has one, lest its figures be counted twice. One
+  // cell of the table's width takes no more lines than the row did.
+  function rowAgain(row) {
+    if (row.cells.length === 1) return headingAgain(row);
+    const names = [row.cells[0], ...row.querySelectorAll('.again')].map((cell) => cell.textContent.trim());
+    const text = names.filter((name) => name !== '').join(', ') + continued;
+    return element('tr', {class: row.className}, element('th', {class: 'name', scope: 'rowgroup',
+      colspan: row.cells.length}, text));
   }
 
   // A piece beside another keeps the room of the caption, but does not say it again.
@@ -130,7 +155,7 @@
         copy = copied.cloneNode(false);
         piece.append(copy);
       }
-      if (index === 0 && unit.repeat) copy.append(rowAgain(unit.repeat));
+      if (index === 0) copy.append(...unit.repeat.map(rowAgain));
       copy.append(...unit.rows);
       if (!unit.foot) return;
       const foot = unit.foot.cloneNode(false);

@@ -1,8 +1,9 @@
 'use strict';
 
-// The tables of the page. A column is {name, label, unit, group, share, rowHeading, figure, prose}: `name` says which
-// text of a record it shows, `group` puts it under a heading with its neighbours, `share` is its part of the width in
-// per cent, the rest is how it looks.
+// The tables of the page. A column is {name, label, unit, group, share, again, rowHeading, figure, prose}: `name` says
+// which text of a record it shows, `group` puts it under a heading with its neighbours, `share` is its part of the
+// width in per cent, `again` repeats it beside a row's name where that row's parts go on on another sheet, the rest is
+// how it looks.
 (function (orvex) {
   const {element, labels, isBlank, indentOf} = orvex;
 
@@ -11,7 +12,8 @@
   function classOf(column) {
     if (column.rowHeading) return 'name';
     if (column.figure) return 'figure';
-    return column.prose ? 'prose' : null;
+    if (column.prose) return 'prose';
+    return column.again ? 'again' : null;
   }
 
   function headingCell(column, rows) {
@@ -142,12 +144,16 @@
     return table({kind: 'losses', caption: 'Emission totals', columns, bodies: [lossRows(columns, tank)]});
   }
 
-  /** The roll-up of all tanks; `anchorOf(row)` gives the id of a tank's part, or null. */
+  /** A tank's name that leads to its part, where it has one; `anchorOf(row)` gives the part's id, or null. */
+  function tankLink(row, anchorOf) {
+    const anchor = anchorOf(row);
+    return anchor ? element('a', {href: `#${anchor}`}, row.id || '(no name)') : row.id;
+  }
+
+  /** The roll-up of all tanks; `anchorOf` as for `tankLink`. */
   function rollUp(summary, anchorOf) {
-    const columns = labels.rollUp.map((column) => column.name === 'id' ? Object.assign({}, column, {content(tank) {
-      const anchor = anchorOf(tank);
-      return anchor ? element('a', {href: `#${anchor}`}, tank.id || '(no name)') : tank.id;
-    }}) : column);
+    const columns = labels.rollUp.map((column) => column.name === 'id' ?
+      Object.assign({}, column, {content: (tank) => tankLink(tank, anchorOf)}) : column);
     const total = summary.total === null ? null : [element('tr', {class: 'total'},
         element('th', {scope: 'row', class: 'name', colspan: columns.length - 1}, 'Total emissions of all tanks'),
         element('td', {class: 'figure'}, summary.total))];
@@ -247,5 +253,6 @@
         group.fittings);
   }
 
-  orvex.tables = {plain, tankLosses, emissionTotals, rollUp, liquidContents, calculation, roofFittings, deckFittings};
+  orvex.tables = {table, row, tankLink, plain, tankLosses, emissionTotals, rollUp, liquidContents, calculation,
+    roofFittings, deckFittings};
 })(window.orvex = window.orvex || {});

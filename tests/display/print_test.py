@@ -4,6 +4,7 @@
 import collections
 import re
 import unittest
+import xml.etree.ElementTree as xml
 
 import browser
 import reports
@@ -98,6 +99,85 @@ class PrintTest(unittest.TestCase):
             self.assertRegex(page, r'Quantity\s+' + r'\s+'.join(reports.MONTHS))
         self.assertEqual(len(pages), sheets)
 
+    def first_rows(self, selector):
+        """[sheet's tank, caption, [cells of each of the first three rows]] of each piece of a table on the sheets."""
+        return self.browser.run("""return Array.from(document.querySelectorAll(arguments[0]), (table) => [
+            table.closest('.sheet').querySelector('.sheet-tank').textContent, table.caption.textContent,
+            Array.from(table.tBodies).flatMap((body) => Array.from(body.rows)).slice(0, 3).map(
+                (row) => Array.from(row.cells, (cell) => cell.textContent.trim()))])""", selector)
+
+    def test_liquid_that_goes_on_on_another_sheet_repeats_tank_mixture_and_month(self):
+        text = reports.all_months('summary')
+        self.open(text, 'summary')
+        columns = 14
+        # What each line of the file stands under: its tank and, for a component, its mixture and month.
+        expected = {}
+        for tank in xml.fromstring(text).findall('Tank'):
+            above = None
+            lines = tank.findall('LiquidContents')
+            for line in lines:
+                if not line.findtext('MixtureComponent').startswith('\u00a0'):
+                    above = f'{line.findtext("MixtureComponent")}, {line.findtext("Month")} (continued)'
+                cells = [line[index].text.strip('\u00a0') if line[index].text else '' for index in range(columns)]
+                expected.setdefault((tank.findtext('TankName'), *cells), []).append((above, line))
+        self.browser.run('orvex.preparePrint()')
+        continued = [piece for piece in self.first_rows('.sheets table.liquid') if piece[1].endswith('(continued)')]
+        self.assertGreater(len(continued), 20)
+        repeated = 0
+        for tank, _, rows in continued:
+            if len(rows[0]) == columns:
+                # A mixture's own line: it names the month itself.
+                self.assertIn(rows[0][1], reports.MONTHS)
+                self.assertIn((tank, *rows[0]), expected)
+                continue
+            repeated += 1
+            self.assertEqual(len(rows[0]), 1)
+            self.assertIn(rows[0][0], [above for above, _ in expected[(tank, *rows[1])]])
+        self.assertGreater(repeated, 10)
+
+    def test_calculation_that_goes_on_on_another_sheet_repeats_what_it_computes(self):
+        for text in (reports.all_months('detail'), reports.report_text('detail')):
+            self.open(text, 'detail')
+            blocks = self.browser.run("""return Array.from(document.querySelectorAll(
+                '#report :is(table.months, table.year) tbody'), (body) => body.rows[0].cells[0].textContent)""")
+            self.browser.run('orvex.preparePrint()')
+            repeated = 0
+            for tank, caption, rows in self.first_rows('.sheets :is(table.months, table.year)'):
+                name = re.sub(r' \(continued\)$', '', rows[0][0])
+                self.assertIn(name, blocks, tank)
+                repeated += name != rows[0][0]
+            self.assertGreater(repeated, 10)
+
+    def test_tank_of_a_brief_report_that_goes_on_on_another_sheet_is_named_with_its_mixture(self):
+        self.open(reports.multiplied(reports.report_text('brief'), 100), 'brief')
+        self.browser.run('orvex.preparePrint()')
+        pieces = self.first_rows('.sheets table.losses')
+        names = [rows[0][0] for *_, rows in pieces]
+        self.assertTrue(all(re.match(r'[A-Z]{2}-\d{3}-\d+   -   ', name) for name in names))
+        within = [rows for *_, rows in pieces if '(continued)' in rows[0][0]]
+        self.assertGreater(len(within), 5)
+        self.assertGreater(sum(rows[1][0].endswith('(continued)') for rows in within), 5)
+
+    def test_each_tank_of_a_monthly_report_has_its_chart_on_the_page_and_on_paper(self):
+        for kind, heading in (('detail', 'Losses by month'), ('summary', 'Liquid by month')):
+            with self.subTest(kind=kind):
+                text = reports.all_months(kind)
+                self.open(text, kind)
+                tanks = [tank.findtext('TankName') for tank in xml.fromstring(text).findall('Tank')]
+                drawn = self.browser.run("""return Array.from(document.querySelectorAll('section.tank .chart'),
+                    (chart) => [chart.closest('section').dataset.tank, chart.querySelector('strong').textContent])""")
+                # Tanks whose liquid does not change with the months are computed for the year alone.
+                yearly = [tank.findtext('TankName') for tank in xml.fromstring(text).findall('Tank')
+                          if tank.findtext('LiquidContents/Month') == 'All']
+                self.assertEqual(drawn, [[name, heading] for name in tanks if name not in yearly])
+                self.browser.run('orvex.preparePrint()')
+                printed = self.browser.run("""return Array.from(document.querySelectorAll('.sheet .monthlyCourse'),
+                    (chart) => [chart.closest('.sheet').querySelector('.sheet-tank').textContent,
+                        chart.querySelector('strong').textContent])""")
+                self.assertEqual(printed, drawn)
+                pages = browser.pages_of(self.print('a4'))
+                self.assertEqual(sum(page.count(heading) for page in pages), len(drawn))
+
     def test_each_sheet_of_a_tank_names_it(self):
         self.open(reports.report_text('detail', '', 'VF-103,IF-302'), 'detail')
         self.browser.run('orvex.preparePrint()')
@@ -123,8 +203,9 @@ class PrintTest(unittest.TestCase):
         pages = browser.pages_of(self.print('letter'))
         listed = self.browser.run("""return Array.from(document.querySelectorAll('.sheets .printed-contents tbody tr'),
             (row) => [row.cells[0].textContent, row.cells[1].textContent, Number(row.cells[2].textContent)])""")
-        self.assertEqual(len(listed), 26)
-        for name, kind, page in listed[1:]:
+        self.assertEqual([name for name, *_ in listed[:3]], ['Overview', 'Losses by tank', 'Losses by chemical'])
+        self.assertEqual(len(listed), 3 + 25)
+        for name, kind, page in listed[3:]:
             self.assertRegex(pages[page - 1], re.escape(f'{name} - {kind}'))
             self.assertIn('Identification and physical characteristics', pages[page - 1])
 
@@ -138,7 +219,8 @@ class PrintTest(unittest.TestCase):
                   const rows = block.querySelectorAll('tr');
                   const row = rows[rows.length - 1];
                   return /^H[1-4]$/.test(block.tagName) || (row && row.closest('thead')) ||
-                      (row && (row.classList.contains('heading') || row.classList.contains('tank-row')));
+                      (row && (row.classList.contains('heading') || row.classList.contains('tank-row'))) ||
+                      (row && row.cells.length === 1);
                 }).map((block) => block.textContent.slice(-60))""")
             self.assertEqual(lonely, [])
 
