@@ -13,7 +13,7 @@ reference := $(release)/data/tankdata.mdb
 # What `make run` asks of the program.
 ARGS := --list
 
-.PHONY: help build report run test bench format lint coverage clean
+.PHONY: help build report pictures run test bench format lint coverage clean
 
 help: ## Print this list
 	@awk -F ':.*## ' '/^[a-z]+:.*## / {printf "  make %-10s %s\n", $$1, $$2}' $(MAKEFILE_LIST)
@@ -26,6 +26,10 @@ build: ## Build the programs, the databases and the display pages into build/rel
 
 report: build ## Compute the sample inventory: losses of each tank, and all reports and PDFs in build/release/report
 	@tools/report.sh $(program) $(reference) $(sample) $(release)/report
+
+pictures: report ## Make the pictures of the reports in docs/pictures anew
+	@$(SETUP) pictures
+	@tools/pictures.sh $(release)/report docs/pictures
 
 run: build ## Run the program on a copy of the sample inventory, with ARGS="..." (as it stands: --list)
 	@mkdir -p $(release)/run

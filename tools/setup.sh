@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that a task needs, and only those that are missing.
-#   tools/setup.sh GROUP...      groups: build test browser lint clang coverage
+#   tools/setup.sh GROUP...      groups: build test browser lint clang coverage pictures
 # Written for Debian 12. Asks nothing; touches the network only when a package is missing.
 set -euo pipefail
 
@@ -14,6 +14,7 @@ declare -A packages=(
   [lint]="clang-format clang-tidy shellcheck"
   [clang]="clang"
   [coverage]="gcovr"
+  [pictures]="poppler-utils imagemagick"
 )
 oldest_gcc=12
 

@@ -10,7 +10,7 @@
   // Classes of rows that head the rest of their group: not parted from the next row, and repeated where it goes on.
   const leadingRows = ['heading', 'tank-row', 'lead'];
   // How many pieces stand side by side, by the kind of a table.
-  const lanes = {'year': 3, 'printed-contents': 2, 'chemicals': 2};
+  const lanes = {'year': 3, 'printed-contents': 2, 'chemicals': 2, 'deck-fittings': 2};
   const tightest = 5;
 
   let printable = null;

@@ -249,8 +249,8 @@
 
   function deckFittings(group) {
     const category = group.fittings.map((fitting) => fitting.category).find((text) => !isBlank(text));
-    return plain('fittings', category ? `Deck fittings (${category.trim()})` : 'Deck fittings', labels.deckFittings,
-        group.fittings);
+    const caption = category ? `Deck fittings (${category.trim()})` : 'Deck fittings';
+    return plain('deck-fittings', caption, labels.deckFittings, group.fittings);
   }
 
   orvex.tables = {table, row, tankLink, plain, tankLosses, emissionTotals, rollUp, liquidContents, calculation,
