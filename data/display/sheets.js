@@ -18,8 +18,6 @@
 
   function heightOf(node) { return node.getBoundingClientRect().height; }
 
-  function sumOfHeights(rows) { return rows.reduce((sum, row) => sum + heightOf(row), 0); }
-
   function hasClass(row, classes) { return classes.some((name) => row.classList.contains(name)); }
 
   // Tables wider than the sheet get smaller letters, step by step.
@@ -36,8 +34,6 @@
     return row ? row.dataset.tank || '' : '';
   }
 
-  function sumOfHeights(rows) { return rows.reduce((sum, row) => sum + heightOf(row), 0); }
-
   // Whether a row must not be parted from the next one.
   function isLeading(row, next) {
     if (!next) return false;
@@ -49,19 +45,21 @@
   function unitsOf(body) {
     const units = [];
     const rows = Array.from(body.rows);
-    const first = rows.length > 0 && hasClass(rows[0], leadingRows) ? rows[0] : null;
+    const heights = rows.map(heightOf);
     const tank = tankOf(body);
-    let mixture = null;
+    const first = rows.length > 0 && hasClass(rows[0], leadingRows) ? 0 : -1;
+    let mixture = -1;
     let unit = null;
     rows.forEach((row, index) => {
       if (!unit) {
-        const heads = [first, row.classList.contains('part') ? mixture : null];
-        const repeat = units.length === 0 ? [] : heads.filter((head) => head !== null);
-        unit = {rows: [], height: 0, body, tank, repeat, repeatHeight: sumOfHeights(repeat)};
+        const heads = units.length === 0 ? [] : [first, row.classList.contains('part') ? mixture : -1];
+        const repeated = heads.filter((head) => head >= 0);
+        unit = {rows: [], height: 0, body, tank, repeat: repeated.map((head) => rows[head]),
+          repeatHeight: repeated.reduce((sum, head) => sum + heights[head], 0)};
       }
-      if (row.classList.contains('primary')) mixture = row;
+      if (row.classList.contains('primary')) mixture = index;
       unit.rows.push(row);
-      unit.height += heightOf(row);
+      unit.height += heights[index];
       if (isLeading(row, rows[index + 1])) return;
       units.push(unit);
       unit = null;
