@@ -202,6 +202,19 @@ class PagesTest(unittest.TestCase):
             return box.scrollWidth > box.clientWidth""")
         self.assertTrue(scrolled)
 
+    def test_narrow_window_scrolls_charts_rather_than_shrinking_their_letters(self):
+        self.open(reports.report_text('brief'), 'brief')
+        self.browser.driver.set_window_size(520, 900)
+        self.addCleanup(self.browser.driver.set_window_size, 1400, 1000)
+        self.assertLessEqual(self.browser.run('return document.documentElement.scrollWidth - window.innerWidth'), 0)
+        charts = self.browser.run("""return Array.from(document.querySelectorAll('.chart-block'), (block) => {
+            const svg = block.querySelector('svg');
+            const letters = parseFloat(getComputedStyle(svg.querySelector('.chart-name')).fontSize);
+            return [block.scrollWidth > block.clientWidth, letters * svg.clientWidth / svg.viewBox.baseVal.width];
+        })""")
+        self.assertEqual([scrolls for scrolls, _ in charts], [True, True])
+        self.assertGreater(min(pixels for _, pixels in charts), 8)
+
     def test_dark_and_light_are_both_legible(self):
         self.open(reports.report_text('brief'), 'brief')
         lightness = """const levels = (name) => getComputedStyle(document.documentElement)[name].match(/[0-9]+/g);
