@@ -7,7 +7,7 @@ import re
 import unittest
 import xml.etree.ElementTree as xml
 
-import browser
+import report_case
 import reports
 
 # Each chart with the tables around it: {name, figures, cells}. The figures are those written beside the bars and those
@@ -52,15 +52,7 @@ def with_chemicals(text, count):
     return xml.tostring(root, encoding='unicode')
 
 
-class ChartTablesTest(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.browser = browser.Browser()
-        cls.addClassCleanup(cls.browser.close)
-
-    def open(self, text, kind):
-        self.assertEqual(self.browser.open(reports.page_with(text, kind)), 'ready')
-
+class ChartTablesTest(report_case.ReportCase):
     def test_every_figure_of_a_chart_stands_in_a_table_beside_it(self):
         texts = {(kind, period): text for kind in ('brief', 'summary', 'detail') for period, text in (
             ('annual', reports.report_text(kind)), ('all months', reports.all_months(kind)),

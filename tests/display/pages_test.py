@@ -7,21 +7,13 @@ import re
 import unittest
 import xml.etree.ElementTree as xml
 
-import browser
+import report_case
 import reports
 
 HOSTILE = '<img src=x onerror=document.title="harmed">'
 
 
-class PagesTest(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.browser = browser.Browser()
-        cls.addClassCleanup(cls.browser.close)
-
-    def open(self, text, kind):
-        self.assertEqual(self.browser.open(reports.page_with(text, kind)), 'ready')
-
+class PagesTest(report_case.ReportCase):
     def assert_all_figures_shown(self, text, root='main'):
         expected = reports.figures(text)
         self.assertGreater(len(expected), 10)

@@ -7,6 +7,7 @@ import unittest
 import xml.etree.ElementTree as xml
 
 import browser
+import report_case
 import reports
 
 # What leaves its sheet: [page, what], measured in the layout of paper.
@@ -26,15 +27,7 @@ return found;
 """
 
 
-class PrintTest(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.browser = browser.Browser()
-        cls.addClassCleanup(cls.browser.close)
-
-    def open(self, text, kind):
-        self.assertEqual(self.browser.open(reports.page_with(text, kind)), 'ready')
-
+class PrintTest(report_case.ReportCase):
     def print(self, paper):
         pdf = reports.new_folder() / f'{paper}.pdf'
         self.browser.print_pdf(pdf, paper)
