@@ -12,6 +12,8 @@ enum class Buttons : std::uint8_t { kOk, kOkCancel, kYesNo, kYesNoCancel };
 enum class Icon : std::uint8_t { kNone, kInformation, kQuestion, kExclamation, kCritical };
 enum class Answer : std::uint8_t { kOk, kCancel, kYes, kNo };
 enum class Pointer : std::uint8_t { kDefault = 0, kBusy = 11 };
+/// The panels of the status line behind the status text.
+enum class PathPanel : std::uint8_t { kTank, kClient };
 
 /// What a file dialog is asked for. Cancelling it is error 32755.
 struct FileRequest {
@@ -37,12 +39,18 @@ class Host {
   virtual std::string SaveFile(const FileRequest& request) = 0;
   virtual void SetStatusText(const std::string& text) = 0;
   virtual void SetPointer(Pointer pointer) = 0;
+  /// The path of a database for its panel of the status line. A program without one has nothing to do.
+  virtual void SetPathPanel(PathPanel, const std::string& /*text*/) {}
   virtual void Beep() = 0;
   /// Opens another browser on a file and shows it.
   virtual void Navigate(const std::string& path) = 0;
   virtual void ShowHelp(const std::string& topic) = 0;
   /// Opens a window, named as the program names it ("frmprintrep"), and comes back when it closes.
   virtual void ShowWindow(std::string_view name) = 0;
+  /// Shows the frame that holds the menus, and comes back at once. A program without one has nothing to do.
+  virtual void ShowMainWindow() {}
+  /// Closes every window but the frame and this one, so that nothing holds the databases.
+  virtual void CloseOtherWindows(std::string_view /*kept*/) {}
   /// `done` of `total` units of a long command are finished. May throw `Interrupted` to stop the command.
   virtual void Progress(std::int64_t done, std::int64_t total) = 0;
 };

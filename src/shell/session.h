@@ -18,6 +18,11 @@ struct Session {
   Host& host;
   std::unique_ptr<store::Database> ClientDb;
   std::unique_ptr<store::Database> ReferenceDb;
+  std::string TankPath;    ///< of the reference database, as typed
+  std::string ClientPath;  ///< of the client database, as typed
+
+  /// The program is to end at once: nothing goes on, nothing is asked.
+  bool ended = false;
 
   /// Where report files and their display pages stand.
   std::filesystem::path application_folder;

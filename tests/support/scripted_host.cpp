@@ -31,6 +31,15 @@ ScriptedHost::~ScriptedHost() {
     ADD_FAILURE() << "expected prompt did not come: " << missing.text << missing.ending;
   for (const auto& missing : files_)
     ADD_FAILURE() << "expected file dialog did not come: " << (missing.empty() ? "(to be cancelled)" : missing);
+  for (const auto& missing : actions_) ADD_FAILURE() << "expected window did not open: " << missing.first;
+}
+
+void ScriptedHost::ShowWindow(std::string_view name) {
+  windows.emplace_back(name);
+  if (actions_.empty() || actions_.front().first != name) return;
+  const auto action = std::move(actions_.front().second);
+  actions_.pop_front();
+  action();
 }
 
 void ScriptedHost::ExpectMessage(std::string text, shell::Answer answer) {
@@ -70,7 +79,8 @@ shell::Answer ScriptedHost::ShowMessage(const std::string& text, const std::stri
   return next.answer;
 }
 
-std::string ScriptedHost::NextFile() {
+std::string ScriptedHost::NextFile(const shell::FileRequest& request) {
+  file_requests.push_back(request);
   if (files_.empty()) {
     ADD_FAILURE() << "unexpected file dialog";
     throw store::RunTimeError(store::ErrorNumber::kDialogCancelled, "Cancel was selected.");
@@ -81,7 +91,7 @@ std::string ScriptedHost::NextFile() {
   return path;
 }
 
-std::string ScriptedHost::OpenFile(const shell::FileRequest&) { return NextFile(); }
-std::string ScriptedHost::SaveFile(const shell::FileRequest&) { return NextFile(); }
+std::string ScriptedHost::OpenFile(const shell::FileRequest& request) { return NextFile(request); }
+std::string ScriptedHost::SaveFile(const shell::FileRequest& request) { return NextFile(request); }
 
 }  // namespace orvex::test

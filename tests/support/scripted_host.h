@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,6 +27,9 @@ class ScriptedHost : public shell::Host {
   /// The next file dialog gives this path, or is cancelled when it is empty.
   void ChooseFile(std::string path) { files_.push_back(std::move(path)); }
 
+  /// When this window opens, the person does so in it. Otherwise an opened window is closed again.
+  void WhenShown(std::string window, std::function<void()> action) { actions_.emplace_back(window, std::move(action)); }
+
   shell::Answer ShowMessage(const std::string& text, const std::string& title, shell::Buttons buttons,
                             shell::Icon icon) override;
   std::string OpenFile(const shell::FileRequest& request) override;
@@ -35,11 +39,16 @@ class ScriptedHost : public shell::Host {
   void Beep() override { ++beeps; }
   void Navigate(const std::string& path) override { pages.push_back(path); }
   void ShowHelp(const std::string& topic) override { help.push_back(topic); }
-  void ShowWindow(std::string_view name) override { windows.emplace_back(name); }
+  void SetPathPanel(shell::PathPanel panel, const std::string& text) override { panels.emplace_back(panel, text); }
+  void ShowWindow(std::string_view name) override;
+  void ShowMainWindow() override { windows.emplace_back("MDIForm1"); }
+  void CloseOtherWindows(std::string_view kept) override { closed_but.emplace_back(kept); }
   void Progress(std::int64_t done, std::int64_t total) override { progress.emplace_back(done, total); }
 
   // What happened, in order.
-  std::vector<std::string> messages, titles, status, pages, help, windows;
+  std::vector<std::string> messages, titles, status, pages, help, windows, closed_but;
+  std::vector<shell::FileRequest> file_requests;
+  std::vector<std::pair<shell::PathPanel, std::string>> panels;
   std::vector<shell::Pointer> pointers;
   std::vector<std::pair<std::int64_t, std::int64_t>> progress;
   int beeps = 0;
@@ -57,9 +66,10 @@ class ScriptedHost : public shell::Host {
     std::optional<Look> look;  ///< any, when it was not said
     shell::Answer answer;
   };
-  std::string NextFile();
+  std::string NextFile(const shell::FileRequest& request);
   std::deque<Expected> expected_;
   std::deque<std::string> files_;
+  std::deque<std::pair<std::string, std::function<void()>>> actions_;  ///< each is for one opening
 };
 
 }  // namespace orvex::test
