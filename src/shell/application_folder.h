@@ -12,9 +12,10 @@ namespace orvex::shell {
 
 /// What tells where a person's files are kept; empty where it is not set.
 struct PersonFolders {
-  std::string data_home;     ///< XDG_DATA_HOME
-  std::string home;          ///< HOME
-  std::string account_home;  ///< the home that the system knows for the account
+  std::string data_home;         ///< XDG_DATA_HOME
+  std::string home;              ///< HOME
+  std::string account_home;      ///< the home that the system knows for the account
+  std::string config_home = {};  ///< XDG_CONFIG_HOME
 };
 
 /// As they are set for this process.

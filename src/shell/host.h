@@ -49,6 +49,8 @@ class Host {
   virtual void ShowWindow(std::string_view name) = 0;
   /// Shows the frame that holds the menus, and comes back at once. A program without one has nothing to do.
   virtual void ShowMainWindow() {}
+  /// Closes the frame: the program ends when the running command comes back.
+  virtual void CloseMainWindow() {}
   /// Closes every window but the frame and this one, so that nothing holds the databases.
   virtual void CloseOtherWindows(std::string_view /*kept*/) {}
   /// `done` of `total` units of a long command are finished. May throw `Interrupted` to stop the command.

@@ -1,12 +1,15 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "shell/command.h"
 #include "shell/host.h"
+#include "shell/settings.h"
 #include "store/database.h"
 
 namespace orvex::shell {
@@ -26,6 +29,13 @@ struct Session {
 
   /// Where report files and their display pages stand.
   std::filesystem::path application_folder;
+  std::filesystem::path help_file;  ///< which `Host::ShowHelp` opens
+  Settings settings;
+
+  /// Of all layers that the program is made of.
+  std::vector<Command> commands;
+  /// Opens a tank for editing; null in a program without tank entry.
+  void (*editRecord)(Session&, std::int32_t id, const std::string& tank_type) = nullptr;
 
   std::string busy_status;  ///< of the innermost `BusyScope`; empty when no command is running
 
