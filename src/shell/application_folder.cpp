@@ -46,22 +46,6 @@ std::string AccountHome() {
   return account == nullptr || account->pw_dir == nullptr ? "" : account->pw_dir;
 }
 
-/// Makes a folder and those above it that are missing, for nobody but the person.
-void MakeFolder(const fs::path& folder) {
-  std::error_code error;
-  const auto status = fs::status(folder, error);
-  if (fs::is_directory(status)) return;
-  if (fs::exists(status))
-    throw RunTimeError(ErrorNumber::kInvalidPath, fmt::format("'{}' is not a folder.", folder.string()));
-  if (folder.has_relative_path()) MakeFolder(folder.parent_path());
-  if (mkdir(folder.c_str(), S_IRWXU) == 0) return;
-  // Another program may have been quicker.
-  const int cause = errno;
-  if (fs::is_directory(folder, error)) return;
-  throw RunTimeError(ErrorNumber::kDiskFailure, fmt::format("The folder '{}' cannot be made: {}.", folder.string(),
-                                                            std::generic_category().message(cause)));
-}
-
 void WriteMark(const fs::path& path) {
   store::FileReplacement mark(path);
   mark.Write(fmt::format("{}\n", kVersion));
@@ -129,8 +113,26 @@ class Filler {
 
 }  // namespace
 
+void MakeFolder(const fs::path& folder) {
+  std::error_code error;
+  const auto status = fs::status(folder, error);
+  if (fs::is_directory(status)) return;
+  if (fs::exists(status))
+    throw RunTimeError(ErrorNumber::kInvalidPath, fmt::format("'{}' is not a folder.", folder.string()));
+  if (folder.has_relative_path()) MakeFolder(folder.parent_path());
+  if (mkdir(folder.c_str(), S_IRWXU) == 0) return;
+  // Another program may have been quicker.
+  const int cause = errno;
+  if (fs::is_directory(folder, error)) return;
+  throw RunTimeError(ErrorNumber::kDiskFailure, fmt::format("The folder '{}' cannot be made: {}.", folder.string(),
+                                                            std::generic_category().message(cause)));
+}
+
 PersonFolders FindPersonFolders() {
-  return {.data_home = Variable("XDG_DATA_HOME"), .home = Variable("HOME"), .account_home = AccountHome()};
+  return {.data_home = Variable("XDG_DATA_HOME"),
+          .home = Variable("HOME"),
+          .account_home = AccountHome(),
+          .config_home = Variable("XDG_CONFIG_HOME")};
 }
 
 fs::path ApplicationFolder(const PersonFolders& person) {

@@ -24,6 +24,9 @@ PersonFolders FindPersonFolders();
 /// Where the application's folder is. A path that is not absolute counts as not set; error 3044 if none is left.
 std::filesystem::path ApplicationFolder(const PersonFolders& person);
 
+/// Makes a folder and those above it that are missing, for nobody but the person. Errors 3043 and 3044 name it.
+void MakeFolder(const std::filesystem::path& folder);
+
 /// What `FillApplicationFolder` did.
 struct Filling {
   bool first_start = false;  ///< nobody had filled the folder to its end before

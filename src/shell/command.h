@@ -1,17 +1,21 @@
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 namespace orvex::shell {
 
 struct Session;
 
+/// The databases without which a command cannot work.
+enum class Needs : std::uint8_t { kBothDatabases, kTankDatabase, kClientDatabase, kNothing };
+
 /// What a menu entry or tool-bar button does. Each layer has a table of those that it owns; the program puts the
 /// tables together in `Session::commands`.
 struct Command {
   std::string_view control;  ///< the entry's name ("mnuExit")
   void (*run)(Session&);
-  bool without_databases = false;  ///< works while a database is not open, too
+  Needs needs = Needs::kBothDatabases;
 };
 
 /// The tool tip of an entry or button that has no command.
@@ -20,8 +24,10 @@ inline constexpr std::string_view kLaterReleaseTip = "Comes with a later release
 /// The command of an entry; null if the program has none.
 const Command* FindCommand(const Session& session, std::string_view control);
 
-/// Runs the command of an entry, if there is one. One that works on the databases is refused with error 3420 while
-/// they are not open: the person is told where to choose them.
+/// Runs a command under the main window's trap. While a database that it needs is not open it is refused with error
+/// 3420, which tells the person where to choose the file.
+void RunCommand(Session& session, const Command& command);
+/// The same for the command of an entry, if there is one.
 void RunCommand(Session& session, std::string_view control);
 
 }  // namespace orvex::shell

@@ -34,6 +34,8 @@ struct Session {
 
   /// Of all layers that the program is made of.
   std::vector<Command> commands;
+  /// `FrmCopyData` copied a tank's own data only: the next `editRecord` leaves mixtures and months alone.
+  bool CopyDataPending = false;
   /// Opens a tank for editing; null in a program without tank entry.
   void (*editRecord)(Session&, std::int32_t id, const std::string& tank_type) = nullptr;
 

@@ -13,13 +13,13 @@ void ShowAbout(Session& session);
 
 /// The commands that need no layer above this one.
 inline constexpr Command kShellCommands[] = {
-    {"mnuChangeDBLOc", ChangeDatabaseLocations, true},
-    {"mnuExit", ExitProgram, true},
-    {"mnuBackupTank", BackupTank},
-    {"mnuBackupClient", BackupClient},
-    {"mnuContents", ShowHelpContents, true},
-    {"mnuSearchHelp", SearchHelp, true},
-    {"mnuAbout", ShowAbout, true},
+    {"mnuChangeDBLOc", ChangeDatabaseLocations, Needs::kNothing},
+    {"mnuExit", ExitProgram, Needs::kNothing},
+    {"mnuBackupTank", BackupTank, Needs::kTankDatabase},
+    {"mnuBackupClient", BackupClient, Needs::kClientDatabase},
+    {"mnuContents", ShowHelpContents, Needs::kNothing},
+    {"mnuSearchHelp", SearchHelp, Needs::kNothing},
+    {"mnuAbout", ShowAbout, Needs::kNothing},
 };
 
 }  // namespace orvex::shell
