@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <initializer_list>
 #include <memory>
@@ -23,6 +25,7 @@ struct StoredField {
   std::string name;
   FieldType type;
   int width;
+  std::string default_value = {};  ///< an expression of SQLite's SQL for programs other than this one; mostly empty
 };
 
 /// An index of a table as the file defines it.
@@ -81,6 +84,9 @@ class Database {
   void CreateTable(const std::string& name, const std::vector<StoredField>& fields,
                    const std::vector<StoredIndex>& indexes);
   void DeleteTable(std::string_view name);
+  /// Adds a field in front of the one at `position`, counted from 0; null in the records that are there. Ended at any
+  /// moment, the table is as it was or has the field. Errors: 3010 if the table has a field of that name, 3011, 3027.
+  void AddField(std::string_view table, const StoredField& field, std::size_t position);
 
   /// True when the file's own structures are consistent (reads the whole file).
   [[nodiscard]] bool IntegrityCheck();

@@ -14,6 +14,7 @@
 #include <utility>
 #include <vector>
 
+#include "store/file_renaming.h"
 #include "store/run_time_error.h"
 
 namespace orvex::store {
@@ -72,25 +73,6 @@ void RemoveIfGivenUp(const fs::path& path) {
   if (file < 0) return;
   if (HasName(file, path) && TryLock(file) && HasName(file, path)) unlink(path.c_str());
   close(file);
-}
-
-/// A rename lasts only when its folder has reached the disk. Some file systems cannot flush a folder, so a refusal
-/// is no failure.
-void FlushFolder(const fs::path& folder) {
-  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return;
-  fsync(descriptor);
-  close(descriptor);
-}
-
-/// Renames a file unless something has the new name; 0 or the number of the error.
-int RenameAsNew(const fs::path& from, const fs::path& to) {
-  if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
-  // Some file systems cannot rename so. A second name never takes a place, either.
-  if (errno != EINVAL && errno != ENOSYS) return errno;
-  if (link(from.c_str(), to.c_str()) != 0) return errno;
-  unlink(from.c_str());
-  return 0;
 }
 
 }  // namespace
@@ -154,7 +136,7 @@ bool FileReplacement::CommitAsNew() {
 
 void FileReplacement::Finish() {
   close(std::exchange(file_, -1));
-  FlushFolder(FolderOf(path_));
+  FlushFolderOf(path_);
 }
 
 void FileReplacement::Flush() {

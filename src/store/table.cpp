@@ -29,7 +29,7 @@ void Table::ReadDefinition() {
     const FieldType type = TypeOf(fields.Text(2), fields.Integer(5) != 0, width);
     if (type == FieldType::kCounter) counter_ = fields_.size();
     positions_.Add(fields.Text(1));
-    fields_.push_back({fields.Text(1), type, width});
+    fields_.push_back({fields.Text(1), type, width, fields.Text(4)});
   }
   indexed_.resize(fields_.size());
   followers_.resize(fields_.size() + 1);

@@ -40,6 +40,8 @@ std::string TableDefinition(std::string_view name, const std::vector<StoredField
   std::string sql = "CREATE TABLE " + Quoted(name) + " (";
   for (std::size_t i = 0; i < fields.size(); ++i) {
     sql += fmt::format("{}{} {}", i == 0 ? "" : ", ", Quoted(fields[i].name), TypeText(fields[i]));
+    // On a line of its own: the expression may end in a comment.
+    if (!fields[i].default_value.empty()) sql += fmt::format(" DEFAULT ({}\n)", fields[i].default_value);
   }
   return sql + ")";
 }
