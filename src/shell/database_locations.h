@@ -22,6 +22,9 @@ std::unique_ptr<store::Database> OpenGoodDatabase(DatabaseKind kind, const std::
 void OpenTankDatabase(Session& session, const std::string& path);
 void OpenClientDatabase(Session& session, const std::string& path);
 
+/// Shows the path in the session in its panel, in lower case.
+void ShowPath(Session& session, DatabaseKind kind);
+
 /// Whether a failure to open says that no good database is at the path, so that the person is to choose another one.
 bool IsWrongLocation(const store::RunTimeError& error);
 
@@ -31,6 +34,10 @@ std::string ClientPathSetting(const Session& session);
 /// Keep a path for the next start. Errors 3043 and 3044 name the file of the settings.
 void SaveTankPath(Session& session);
 void SaveClientPath(Session& session);
+
+/// What a person reads who has chosen a file at the start in which no good database is.
+inline constexpr std::string_view kWrongFileMessage =
+    "The file you specified does not have the correct format.  Please try another file.";
 
 /// Asks for a database file as all browse commands do. Gives the text back as it was when the dialog is cancelled.
 std::string BrowseForDatabase(Session& session, DatabaseKind kind, std::string_view routine, const std::string& text);

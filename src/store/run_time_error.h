@@ -7,6 +7,7 @@ namespace orvex::store {
 
 /// The run-time failures that the program tells apart, under the numbers that its error reports show.
 enum class ErrorNumber : int {
+  kNone = 0,                  ///< a routine was left because one that it called had failed and told so
   kInvalidProcedureCall = 5,  ///< a logarithm, root or power that has no value
   kOverflow = 6,              ///< a number outside the range of its type, an infinite result
   kDivisionByZero = 11,

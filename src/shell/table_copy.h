@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+#include "shell/session.h"
+
+/// Copying tables from one database to another, record by record.
+namespace orvex::shell {
+
+/// A table of a database.
+struct TableOf {
+  store::Database& database;
+  std::string table;
+};
+
+/// Makes the target as a table with the fields (names, types, widths, defaults) and indexes of the source. False when
+/// it failed, which the person has been told then.
+bool CopyStruct(Session& session, const TableOf& source, const TableOf& target);
+
+/// Adds all records of the source to the target, whose fields have the same names. Written after each 1000 records; a
+/// failure undoes the last of them. False when it failed, which the person has been told then.
+bool CopyData(Session& session, const TableOf& source, const TableOf& target);
+
+}  // namespace orvex::shell
