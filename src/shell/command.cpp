@@ -1,5 +1,7 @@
 #include "shell/command.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <string>
 
@@ -16,8 +18,9 @@ bool Lacks(const Session& session, Needs needs) {
 }
 
 std::string MissingDatabase(const Session& session) {
-  const std::string name = session.ReferenceDb == nullptr ? "tank" : "client";
-  return "The " + name + " database is not open. Choose its file with \"Change Database Locations\" in the File menu.";
+  return fmt::format(
+      "The {} database is not open. Choose its file with \"Change Database Locations\" in the File menu.",
+      session.ReferenceDb == nullptr ? "tank" : "client");
 }
 
 }  // namespace
@@ -29,11 +32,15 @@ const Command* FindCommand(const Session& session, std::string_view control) {
 }
 
 void RunCommand(Session& session, const Command& command) {
-  Trapped(session, "MDIForm1.", [&] {
-    if (Lacks(session, command.needs))
-      throw store::RunTimeError(store::ErrorNumber::kObjectClosed, MissingDatabase(session));
-    command.run(session);
-  });
+  try {
+    Trapped(session, "MDIForm1.", [&] {
+      if (Lacks(session, command.needs))
+        throw store::RunTimeError(store::ErrorNumber::kObjectClosed, MissingDatabase(session));
+      command.run(session);
+    });
+  } catch (const Interrupted&) {
+    // The person who stopped the command knows it.
+  }
 }
 
 void RunCommand(Session& session, std::string_view control) {

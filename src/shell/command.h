@@ -25,7 +25,7 @@ inline constexpr std::string_view kLaterReleaseTip = "Comes with a later release
 const Command* FindCommand(const Session& session, std::string_view control);
 
 /// Runs a command under the main window's trap. While a database that it needs is not open it is refused with error
-/// 3420, which tells the person where to choose the file.
+/// 3420, which tells the person where to choose the file. One that the person stops by `Interrupted` just ends.
 void RunCommand(Session& session, const Command& command);
 /// The same for the command of an entry, if there is one.
 void RunCommand(Session& session, std::string_view control);

@@ -11,12 +11,15 @@ void ShowHelpContents(Session& session);
 void SearchHelp(Session& session);
 void ShowAbout(Session& session);
 
+inline constexpr Command kBackupTankCommand = {"mnuBackupTank", BackupTank, Needs::kTankDatabase};
+inline constexpr Command kBackupClientCommand = {"mnuBackupClient", BackupClient, Needs::kClientDatabase};
+
 /// The commands that need no layer above this one.
 inline constexpr Command kShellCommands[] = {
     {"mnuChangeDBLOc", ChangeDatabaseLocations, Needs::kNothing},
     {"mnuExit", ExitProgram, Needs::kNothing},
-    {"mnuBackupTank", BackupTank, Needs::kTankDatabase},
-    {"mnuBackupClient", BackupClient, Needs::kClientDatabase},
+    kBackupTankCommand,
+    kBackupClientCommand,
     {"mnuContents", ShowHelpContents, Needs::kNothing},
     {"mnuSearchHelp", SearchHelp, Needs::kNothing},
     {"mnuAbout", ShowAbout, Needs::kNothing},

@@ -34,8 +34,24 @@ ScriptedHost::~ScriptedHost() {
   for (const auto& missing : actions_) ADD_FAILURE() << "expected window did not open: " << missing.first;
 }
 
+void ScriptedHost::SetPathPanel(shell::PathPanel panel, const std::string& text) {
+  panels.emplace_back(panel, text);
+  steps.push_back((panel == shell::PathPanel::kTank ? "tank panel " : "client panel ") + text);
+}
+
+void ScriptedHost::ShowMainWindow() {
+  windows.emplace_back("MDIForm1");
+  steps.emplace_back("show MDIForm1");
+}
+
+void ScriptedHost::CloseOtherWindows(std::string_view kept) {
+  closed_but.emplace_back(kept);
+  steps.push_back(fmt::format("close windows but {}", kept));
+}
+
 void ScriptedHost::ShowWindow(std::string_view name) {
   windows.emplace_back(name);
+  steps.push_back(fmt::format("show {}", name));
   if (actions_.empty() || actions_.front().first != name) return;
   const auto action = std::move(actions_.front().second);
   actions_.pop_front();
@@ -58,6 +74,7 @@ void ScriptedHost::ExpectError(int number, std::string routine) {
 shell::Answer ScriptedHost::ShowMessage(const std::string& text, const std::string& title, shell::Buttons buttons,
                                         shell::Icon icon) {
   messages.push_back(text);
+  steps.push_back("message " + text);
   titles.push_back(title);
   if (expected_.empty()) {
     ADD_FAILURE() << "unexpected prompt: " << text;
@@ -81,6 +98,7 @@ shell::Answer ScriptedHost::ShowMessage(const std::string& text, const std::stri
 
 std::string ScriptedHost::NextFile(const shell::FileRequest& request) {
   file_requests.push_back(request);
+  steps.push_back("file dialog " + request.title);
   if (files_.empty()) {
     ADD_FAILURE() << "unexpected file dialog";
     throw store::RunTimeError(store::ErrorNumber::kDialogCancelled, "Cancel was selected.");

@@ -34,18 +34,25 @@ class ScriptedHost : public shell::Host {
                             shell::Icon icon) override;
   std::string OpenFile(const shell::FileRequest& request) override;
   std::string SaveFile(const shell::FileRequest& request) override;
-  void SetStatusText(const std::string& text) override { status.push_back(text); }
+  void SetStatusText(const std::string& text) override {
+    status.push_back(text);
+    steps.push_back("status " + text);
+  }
   void SetPointer(shell::Pointer pointer) override { pointers.push_back(pointer); }
   void Beep() override { ++beeps; }
   void Navigate(const std::string& path) override { pages.push_back(path); }
   void ShowHelp(const std::string& topic) override { help.push_back(topic); }
-  void SetPathPanel(shell::PathPanel panel, const std::string& text) override { panels.emplace_back(panel, text); }
+  void SetPathPanel(shell::PathPanel panel, const std::string& text) override;
   void ShowWindow(std::string_view name) override;
-  void ShowMainWindow() override { windows.emplace_back("MDIForm1"); }
-  void CloseOtherWindows(std::string_view kept) override { closed_but.emplace_back(kept); }
+  void ShowMainWindow() override;
+  void CloseMainWindow() override { steps.emplace_back("close MDIForm1"); }
+  void CloseOtherWindows(std::string_view kept) override;
   void Progress(std::int64_t done, std::int64_t total) override { progress.emplace_back(done, total); }
 
-  // What happened, in order.
+  /// What the person sees of a long sequence, in order: "show frmstart", "message ...", "status ...", "tank panel ...",
+  /// "client panel ...", "file dialog ...", "close windows but ...", "close MDIForm1".
+  std::vector<std::string> steps;
+  // The same by kind, and what else happened.
   std::vector<std::string> messages, titles, status, pages, help, windows, closed_but;
   std::vector<shell::FileRequest> file_requests;
   std::vector<std::pair<shell::PathPanel, std::string>> panels;

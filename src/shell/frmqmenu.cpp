@@ -1,0 +1,127 @@
+#include "shell/frmqmenu.h"
+
+#include <fmt/format.h>
+
+#include <charconv>
+#include <vector>
+
+#include "shell/trap.h"
+#include "store/database.h"
+
+namespace orvex::shell {
+namespace {
+
+constexpr std::string_view kRoutine = "frmqmenu.";
+
+struct TankType {
+  std::string_view name;
+  std::string_view command;  ///< which makes a new tank of the type
+};
+
+constexpr TankType kTankTypes[] = {
+    {kHorizontal, "mnuNewHT"},
+    {kVerticalFixedRoof, "mnuNewVFRT"},
+    {kInternalFloatingRoof, "mnuNewIFRT"},
+    {kExternalFloatingRoof, "mnuNewEFRT"},
+    {kDomedExternalFloatingRoof, "mnuNewDEFRT"},
+};
+
+constexpr std::string_view kOKTip = [] {
+  for (const auto& control : kFrmqmenuControls)
+    if (control.name == "cmdOK") return control.tip;
+}();
+
+std::vector<std::string> StoredTanks(Session& session) {
+  std::vector<std::string> names;
+  Trapped(session, kRoutine, [&] {
+    const store::Transaction view(*session.ClientDb, store::Transaction::Purpose::kRead);
+    auto tanks = session.ClientDb->OpenTable("tank");
+    for (; !tanks.AtEnd(); tanks.MoveNext())
+      if (!tanks.IsNull("USER ID")) names.push_back(tanks.Text("USER ID"));
+  });
+  return names;
+}
+
+std::int32_t TankId(const Frmqmenu& model) {
+  std::int32_t id = 0;
+  const auto& text = model.txtID.text;
+  std::from_chars(text.data(), text.data() + text.size(), id);
+  return id;
+}
+
+const Command* NewTankCommand(const Session& session, const Frmqmenu& model) {
+  if (model.lstTankTypes.selected.empty()) return nullptr;
+  return FindCommand(session, kTankTypes[model.lstTankTypes.selected.front()].command);
+}
+
+void UpdateOK(const Session& session, Frmqmenu& model) {
+  const bool can_run =
+      model.optCreate.chosen ? NewTankCommand(session, model) != nullptr : session.editRecord != nullptr;
+  model.cmdOKTip = can_run ? kOKTip : kLaterReleaseTip;
+  model.cmdOK.enabled = can_run && (model.optCreate.chosen || !model.txtID.text.empty());
+}
+
+void Choose(Session& session, Frmqmenu& model, bool create) {
+  model.optCreate.chosen = create;
+  model.optOpen.chosen = !create;
+  model.lstTankTypes.enabled = create;
+  model.dblstTanks.enabled = !create;
+  UpdateOK(session, model);
+}
+
+}  // namespace
+
+Frmqmenu OpenFrmqmenu(Session& session) {
+  Frmqmenu model;
+  model.txtID.visible = false;
+  model.txtTankType.visible = false;
+  for (const auto& type : kTankTypes) model.lstTankTypes.items.emplace_back(type.name);
+  model.lstTankTypes.selected = {0};
+  model.dblstTanks.items = StoredTanks(session);
+  ChooseCreate(session, model);
+  return model;
+}
+
+void ChooseCreate(Session& session, Frmqmenu& model) { Choose(session, model, true); }
+void ChooseOpen(Session& session, Frmqmenu& model) { Choose(session, model, false); }
+
+void PickTank(Session& session, Frmqmenu& model, std::size_t item) {
+  model.dblstTanks.selected = {item};
+  model.txtID.text.clear();
+  model.txtTankType.text.clear();
+  Trapped(session, kRoutine, [&] {
+    auto tank = session.ClientDb->OpenAt("tank", "USER ID", {model.dblstTanks.items.at(item)});
+    model.txtID.text = fmt::to_string(tank.Long("ID"));
+    model.txtTankType.text = tank.TextOrEmpty("TANK_TYPE");
+  });
+  UpdateOK(session, model);
+}
+
+void OpenTank(Session& session, Frmqmenu& model, std::size_t item) {
+  PickTank(session, model, item);
+  ClickOK(session, model);
+}
+
+void PickType(Session& session, Frmqmenu& model, std::size_t item) {
+  model.lstTankTypes.selected = {item};
+  UpdateOK(session, model);
+}
+
+void CreateTank(Session& session, Frmqmenu& model, std::size_t item) {
+  PickType(session, model, item);
+  ClickOK(session, model);
+}
+
+void ClickOK(Session& session, Frmqmenu& model) {
+  if (!model.cmdOK.enabled) return;
+  if (model.optCreate.chosen) {
+    RunCommand(session, *NewTankCommand(session, model));
+  } else {
+    Trapped(session, kRoutine, [&] { session.editRecord(session, TankId(model), model.txtTankType.text); });
+  }
+  model.window.closed = true;
+}
+
+void ClickCancel(Session& /*session*/, Frmqmenu& model) { model.window.closed = true; }
+
+}  // namespace orvex::shell
