@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "shell/controls.h"
+#include "shell/menu.h"
 
 namespace orvex::shell {
 
@@ -21,6 +22,6 @@ inline constexpr ControlText kFrmNoticeControls[] = {
     {"lblNotice", kNoticeText, ""},
     {"cmdOK", "&OK", "Close the notice and go on"},
 };
-inline constexpr WindowText kFrmNoticeText = {"frmNotice", "ORVEX 4.0.9d", "index", kFrmNoticeControls};
+inline constexpr WindowText kFrmNoticeText = {"frmNotice", kMainWindowTitle, "index", kFrmNoticeControls};
 
 }  // namespace orvex::shell

@@ -1,14 +1,15 @@
 #pragma once
 
 #include "shell/controls.h"
+#include "shell/menu.h"
 
 namespace orvex::shell {
 
 inline constexpr ControlText kFrmstartControls[] = {
     {"imgLogo", "", "The logo of ORVEX. A click closes this window."},
-    {"lblVersion", "ORVEX 4.0.9d", ""},
+    {"lblVersion", kMainWindowTitle, ""},
 };
-inline constexpr WindowText kFrmstartText = {"frmstart", "ORVEX 4.0.9d", "index", kFrmstartControls};
+inline constexpr WindowText kFrmstartText = {"frmstart", kMainWindowTitle, "index", kFrmstartControls};
 
 /// How long the splash stays unless it is clicked, in milliseconds.
 inline constexpr int kSplashTime = 5000;

@@ -7,6 +7,9 @@
 /// The main window's menus and tool bar as data: the real ones are made from it. An ampersand marks the access key.
 namespace orvex::shell {
 
+/// Title of the main window `MDIForm1`, and the line that the splash shows.
+inline constexpr std::string_view kMainWindowTitle = "ORVEX 4.0.9d";
+
 struct MenuEntry {
   std::string_view text;                    ///< empty for a separator
   std::string_view control;                 ///< the command's name; a menu's name is for finding it only
