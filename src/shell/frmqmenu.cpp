@@ -26,10 +26,11 @@ constexpr TankType kTankTypes[] = {
     {kDomedExternalFloatingRoof, "mnuNewDEFRT"},
 };
 
-constexpr std::string_view kOKTip = [] {
+constexpr std::string_view TipOf(std::string_view name) {
   for (const auto& control : kFrmqmenuControls)
-    if (control.name == "cmdOK") return control.tip;
-}();
+    if (control.name == name) return control.tip;
+  return {};
+}
 
 std::vector<std::string> StoredTanks(Session& session) {
   std::vector<std::string> names;
@@ -57,7 +58,7 @@ const Command* NewTankCommand(const Session& session, const Frmqmenu& model) {
 void UpdateOK(const Session& session, Frmqmenu& model) {
   const bool can_run =
       model.optCreate.chosen ? NewTankCommand(session, model) != nullptr : session.editRecord != nullptr;
-  model.cmdOKTip = can_run ? kOKTip : kLaterReleaseTip;
+  model.cmdOKTip = can_run ? TipOf("cmdOK") : kLaterReleaseTip;
   model.cmdOK.enabled = can_run && (model.optCreate.chosen || !model.txtID.text.empty());
 }
 
