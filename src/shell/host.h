@@ -45,6 +45,9 @@ class Host {
   /// Opens another browser on a file and shows it.
   virtual void Navigate(const std::string& path) = 0;
   virtual void ShowHelp(const std::string& topic) = 0;
+  /// Lets the person choose and set up a printer in the platform's own dialog; cancelling it is no error. A program
+  /// that doesn't print has nothing to do.
+  virtual void ShowPrinterSetup() {}
   /// Opens a window, named as the program names it ("frmprintrep"), and comes back when it closes.
   virtual void ShowWindow(std::string_view name) = 0;
   /// Shows the frame that holds the menus, and comes back at once. A program without one has nothing to do.

@@ -42,6 +42,7 @@ class ScriptedHost : public shell::Host {
   void Beep() override { ++beeps; }
   void Navigate(const std::string& path) override { pages.push_back(path); }
   void ShowHelp(const std::string& topic) override { help.push_back(topic); }
+  void ShowPrinterSetup() override { ++printer_setups; }
   void SetPathPanel(shell::PathPanel panel, const std::string& text) override;
   void ShowWindow(std::string_view name) override;
   void ShowMainWindow() override;
@@ -59,6 +60,7 @@ class ScriptedHost : public shell::Host {
   std::vector<shell::Pointer> pointers;
   std::vector<std::pair<std::int64_t, std::int64_t>> progress;
   int beeps = 0;
+  int printer_setups = 0;
 
  private:
   /// How a message box looks besides its text.
