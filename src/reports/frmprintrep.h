@@ -1,5 +1,6 @@
 #pragma once
 
+#include "shell/command.h"
 #include "shell/controls.h"
 #include "shell/session.h"
 
@@ -8,7 +9,7 @@ namespace orvex::reports {
 
 inline constexpr shell::ControlText kFrmprintrepControls[] = {
     {"optWindow", " &Window/Printer", "Show it in a window, from where it can be printed"},
-    {"optFile", " &File", "Comes with a later release of this program."},
+    {"optFile", " &File", shell::kLaterReleaseTip},
     {"cmdOK", "&OK", "Put it out"},
     {"cmdPrintSetup", "&Printer Setup", "Choose and set up the printer"},
     {"cmdClose", "&Close", "Close this window"},
