@@ -22,15 +22,15 @@ constexpr Expected kExpected[] = {
 TEST(ReportCommands, SetKindAndTimeAndThenOpenTheirWindow) {
   ASSERT_EQ(std::size(kReportCommands), std::size(kExpected));
   for (std::size_t i = 0; i < std::size(kExpected); ++i) {
-    const auto& [control, type, time, window] = kExpected[i];
-    EXPECT_EQ(kReportCommands[i].control, control);
+    const Expected& expected = kExpected[i];
+    EXPECT_EQ(kReportCommands[i].control, expected.control);
     test::TestSession test;
-    test.host.WhenShown(window, [&] {
-      EXPECT_EQ(test.session.ReportType, type);
-      EXPECT_EQ(test.session.ReportTime, time);
+    test.host.WhenShown(expected.window, [&] {
+      EXPECT_EQ(test.session.ReportType, expected.type);
+      EXPECT_EQ(test.session.ReportTime, expected.time);
     });
     kReportCommands[i].run(test.session);
-    EXPECT_EQ(test.host.windows, std::vector<std::string>{window}) << control;
+    EXPECT_EQ(test.host.windows, std::vector<std::string>{expected.window}) << expected.control;
   }
 }
 
