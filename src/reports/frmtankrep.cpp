@@ -1,6 +1,5 @@
 #include "reports/frmtankrep.h"
 
-#include <algorithm>
 #include <string>
 #include <unordered_set>
 #include <utility>
@@ -26,10 +25,8 @@ constexpr ShownField kShownFields[] = {
 };
 
 void ListTanks(shell::Session& session, Frmtankrep& form) {
-  for (auto tanks = session.ClientDb->OpenTable("tank"); !tanks.AtEnd(); tanks.MoveNext()) {
-    const auto user_id = tanks.Get("USER ID");
-    if (!user_id.IsNull()) form.lstTanks.items.push_back(user_id.AsText());
-  }
+  auto tanks = session.ClientDb->OpenQuery("SELECT [USER ID] FROM tank WHERE [USER ID] IS NOT NULL");
+  for (; !tanks.AtEnd(); tanks.MoveNext()) form.lstTanks.items.push_back(tanks.Get(0).AsText());
 }
 
 void EnableRunReport(Frmtankrep& form) { form.cmdRunReport.enabled = !form.lstChosenTanks.items.empty(); }
