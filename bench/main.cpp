@@ -12,6 +12,7 @@
 #include "results.h"
 #include "run_case.h"
 #include "store/run_time_error.h"
+#include "window_case.h"
 
 using orvex::bench::Measurement;
 using orvex::bench::Settings;
@@ -42,6 +43,7 @@ void MeasureAll(const Settings& settings, const Choice& choice) {
   for (const auto& report_case : orvex::bench::ReportCases()) {
     if (chosen(report_case.key)) add(Measure(report_case, settings));
   }
+  if (chosen(orvex::bench::kWindowCaseKey)) add(MeasureTankWindow(settings));
   if (const auto lines = orvex::bench::GrowthLines(results); !lines.empty()) fmt::print("\n{}", lines);
   const auto json = settings.folder / "bench.json";
   WriteJson(json, results);
@@ -52,7 +54,8 @@ void MeasureAll(const Settings& settings, const Choice& choice) {
 
 int main(int argc, char** argv) {
   CLI::App app(
-      "Times calculation runs, the record layer and reports against the least that has to be done to the files.");
+      "Times calculation runs, the record layer, reports and the list of tanks against the least that has to be done "
+      "to the files.");
   Settings settings;
   Choice choice;
   bool no_floor = false;
