@@ -1,12 +1,10 @@
 #include "shell/database_locations.h"
 
-#include <utility>
-
 #include "shell/delivered_files.h"
+#include "shell/path_text.h"
 #include "shell/status.h"
 #include "shell/trap.h"
 #include "store/field_table.h"
-#include "store/letter_case.h"
 
 namespace orvex::shell {
 namespace {
@@ -40,7 +38,7 @@ std::unique_ptr<store::Database> OpenGoodDatabase(DatabaseKind kind, const std::
 void ShowPath(Session& session, DatabaseKind kind) {
   const bool tank = kind == DatabaseKind::kTank;
   session.host.SetPathPanel(tank ? PathPanel::kTank : PathPanel::kClient,
-                            store::LowerCase(tank ? session.TankPath : session.ClientPath));
+                            PathPanelText(tank ? session.TankPath : session.ClientPath));
 }
 
 void OpenTankDatabase(Session& session, const std::string& path) {

@@ -3,8 +3,11 @@
 #include <fmt/format.h>
 
 #include <memory>
+#include <optional>
+#include <string_view>
 #include <utility>
 
+#include "shell/add_cas_field.h"
 #include "shell/backup.h"
 #include "shell/database_locations.h"
 #include "shell/status.h"
@@ -73,20 +76,6 @@ Outcome Change(Session& session, const Steps& changed, const Steps& other, const
   return Outcome::kDone;
 }
 
-void Tell(Session& session, const std::string& text) {
-  session.host.ShowMessage(text, std::string(kApplicationTitle), Buttons::kOk, Icon::kNone);
-}
-
-/// False when the file is not good, which the person has been told then.
-bool Changed(Session& session, const Steps& changed, const Steps& other, const std::string& path) {
-  {
-    const BusyScope busy(session.host, "Changing locations");
-    if (Change(session, changed, other, path) == Outcome::kDone) return true;
-  }
-  Tell(session, fmt::format("The {} database you specified does not have the correct format.", changed.word));
-  return false;
-}
-
 }  // namespace
 
 FrmChange OpenFrmChange(Session& session) {
@@ -108,10 +97,20 @@ void ClickBrowseClient(Session& session, FrmChange& model) {
 
 void ClickOK(Session& session, FrmChange& model) {
   Trapped(session, kRoutine, [&] {
+    std::optional<BusyScope> busy(std::in_place, session.host, "Changing locations");
+    const auto tell = [&](std::string_view text) {
+      busy.reset();
+      session.host.ShowMessage(std::string(text), std::string(kApplicationTitle), Buttons::kOk, Icon::kNone);
+    };
+    const bool started_without_client = session.ClientDb == nullptr;
     // A tank database that is not good keeps nobody from changing the client database.
-    Changed(session, kTank, kClient, model.txtTankData.text);
-    if (!Changed(session, kClient, kTank, model.txtClientData.text)) return;
-    Tell(session, "The database locations were changed.");
+    if (Change(session, kTank, kClient, model.txtTankData.text) == Outcome::kWrongFile)
+      tell("The tank database you specified does not have the correct format.");
+    if (Change(session, kClient, kTank, model.txtClientData.text) == Outcome::kWrongFile)
+      return tell("The client database you specified does not have the correct format.");
+    // Then the start did not come to it, either.
+    if (started_without_client) AddCASField(session);
+    tell("The database locations were changed.");
     model.window.closed = true;
   });
 }
