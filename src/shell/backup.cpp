@@ -53,7 +53,7 @@ std::string AskForName(Session& session, const Backup& backup) {
   request.filter = kFilter;
   while (true) {
     const std::string chosen = session.host.SaveFile(request);
-    const std::string name = chosen.find('.') == std::string::npos ? chosen + ".MDB" : chosen;
+    std::string name = chosen.find('.') == std::string::npos ? chosen + ".MDB" : chosen;
     if (!IsInUse(session, chosen) && !IsInUse(session, name)) return name;
     session.host.ShowMessage("You cannot write the one of the data base paths currently in use.",
                              std::string(kApplicationTitle), Buttons::kOk, Icon::kExclamation);

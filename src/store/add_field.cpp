@@ -91,10 +91,9 @@ void Database::AddField(std::string_view table_name, const StoredField& field, s
     connection.Execute(fmt::format("ALTER TABLE {} RENAME TO {}", Quoted(made), Quoted(table.Name())));
   }
   // They are listed the newest first.
-  const auto& indexes = table.Indexes();
-  for (auto index = indexes.rbegin(); index != indexes.rend(); ++index) {
-    connection.Execute(IndexDefinition(table.Name(), *index));
-  }
+  auto indexes = table.Indexes();
+  std::ranges::reverse(indexes);
+  for (const auto& index : indexes) connection.Execute(IndexDefinition(table.Name(), index));
   if (last_count) SetLastCount(connection, table, *last_count);
   transaction.Commit();
 
