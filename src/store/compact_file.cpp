@@ -7,8 +7,10 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <string>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 #include "store/connection.h"
@@ -101,17 +103,20 @@ class FileBeside {
   Descriptor lock_;
 };
 
-/// Error 3260 if any program has the file open. A file system that cannot tell lets it pass; then SQLite's own locks
-/// have to do.
+/// Error 3260 if any program has the file open, and keeps it so for a while: one that looks through all new files lets
+/// go of them soon. A file system that cannot tell lets it pass; then SQLite's own locks have to do.
 void RequireUnused(const fs::path& path) {
+  constexpr int kAttempts = 20;
+  constexpr std::chrono::milliseconds kPause{100};
   const Descriptor file(open(path.c_str(), O_RDWR | O_CLOEXEC));
   // Who may not write is told so when the database is opened.
   if (file.Number() < 0) return;
-  if (fcntl(file.Number(), F_SETLEASE, F_WRLCK) == 0) {
-    fcntl(file.Number(), F_SETLEASE, F_UNLCK);
-  } else if (errno == EAGAIN) {
-    ThrowLocked(path);
+  for (int attempt = 0; fcntl(file.Number(), F_SETLEASE, F_WRLCK) != 0; ++attempt) {
+    if (errno != EAGAIN) return;
+    if (attempt == kAttempts) ThrowLocked(path);
+    std::this_thread::sleep_for(kPause);
   }
+  fcntl(file.Number(), F_SETLEASE, F_UNLCK);
 }
 
 std::string JournalMode(const Connection& connection) {

@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <memory>
+#include <algorithm>
+#include <chrono>
+#include <fstream>
 #include <string>
+#include <thread>
 
 #include "store/database.h"
 #include "store/raw_file.h"
@@ -132,6 +135,17 @@ TEST_F(CompactFileTest, AFileThatAnotherProgramHasOpenIsLeftAsItIs) {
   }
   CompactFile(path);
   EXPECT_EQ(Database::Open(path)->OpenTable("tank").RecordCount(), 4);
+}
+
+TEST_F(CompactFileTest, AProgramThatLetsGoOfTheFileSoonIsWaitedFor) {
+  std::ifstream file(path);
+  std::thread other([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    file.close();
+  });
+  EXPECT_NO_THROW(CompactFile(path));
+  other.join();
+  ExpectTanks(path);
 }
 
 TEST_F(CompactFileTest, AReadOnlyFileIsLeftAsItIs) {
