@@ -64,6 +64,7 @@ enum class Outcome { kDone, kWrongFile };
 
 Outcome Change(Session& session, const Steps& changed, const Steps& other, const std::string& path) {
   const bool open = session.*changed.database != nullptr;
+  const bool without_client = session.ClientDb == nullptr;
   if (open && store::EqualNoCase(path, session.*changed.path)) return Outcome::kDone;
   if (!IsGood(changed.kind, path)) return Outcome::kWrongFile;
   if (open &&
@@ -73,6 +74,8 @@ Outcome Change(Session& session, const Steps& changed, const Steps& other, const
   Reopen(session, changed, other, path);
   // The database is open whether or not its path can be kept.
   Trapped(session, kRoutine, [&] { changed.save(session); });
+  // A start that went on without a client database did not come to this.
+  if (without_client && session.ClientDb) AddCASField(session);
   return Outcome::kDone;
 }
 
@@ -102,14 +105,11 @@ void ClickOK(Session& session, FrmChange& model) {
       busy.reset();
       session.host.ShowMessage(std::string(text), std::string(kApplicationTitle), Buttons::kOk, Icon::kNone);
     };
-    const bool started_without_client = session.ClientDb == nullptr;
     // A tank database that is not good keeps nobody from changing the client database.
     if (Change(session, kTank, kClient, model.txtTankData.text) == Outcome::kWrongFile)
       tell("The tank database you specified does not have the correct format.");
     if (Change(session, kClient, kTank, model.txtClientData.text) == Outcome::kWrongFile)
       return tell("The client database you specified does not have the correct format.");
-    // Then the start did not come to it, either.
-    if (started_without_client) AddCASField(session);
     tell("The database locations were changed.");
     model.window.closed = true;
   });
