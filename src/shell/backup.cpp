@@ -72,7 +72,7 @@ bool CopyTables(Session& session, store::Database& from, store::Database& to) {
 }
 
 void Run(Session& session, const Backup& backup) {
-  const BusyScope busy(session.host, "Processing");
+  const BusyScope busy(session, "Processing");
   Trapped(session, "MDIForm1.", [&] {
     if (!(session.*backup.database))
       throw store::RunTimeError(store::ErrorNumber::kObjectClosed, "The database to be copied is not open.");

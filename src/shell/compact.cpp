@@ -7,7 +7,7 @@
 namespace orvex::shell {
 
 void Compact(Session& session, const std::string& path) {
-  const BusyScope busy(session.host, "Compacting " + path);
+  const BusyScope busy(session, "Compacting " + path);
   Trapped(session, "mDatabase.Compact", [&] { store::CompactFile(path); });
 }
 

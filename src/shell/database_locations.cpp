@@ -80,7 +80,7 @@ void SaveClientPath(Session& session) {
 }
 
 std::string BrowseForDatabase(Session& session, DatabaseKind kind, std::string_view routine, const std::string& text) {
-  const BusyScope busy(session.host, "Processing");
+  const BusyScope busy(session, "Processing");
   return Trapped(session, routine, text, [&] {
     const DialogText dialog = DialogTextOf(kind);
     FileRequest request;

@@ -100,7 +100,7 @@ void ClickBrowseClient(Session& session, FrmChange& model) {
 
 void ClickOK(Session& session, FrmChange& model) {
   Trapped(session, kRoutine, [&] {
-    std::optional<BusyScope> busy(std::in_place, session.host, "Changing locations");
+    std::optional<BusyScope> busy(std::in_place, session, "Changing locations");
     const auto tell = [&](std::string_view text) {
       busy.reset();
       session.host.ShowMessage(std::string(text), std::string(kApplicationTitle), Buttons::kOk, Icon::kNone);

@@ -11,7 +11,7 @@ constexpr std::string_view kRoutine = "frmTankData.";
 
 /// False when there is no good database at the path.
 bool Open(Session& session, const std::string& path) {
-  const BusyScope busy(session.host, "Processing");
+  const BusyScope busy(session, "Processing");
   try {
     OpenTankDatabase(session, path);
   } catch (const store::RunTimeError& error) {

@@ -16,7 +16,7 @@ constexpr int kRecordsAtOnce = 1000;
 }  // namespace
 
 bool CopyStruct(Session& session, const TableOf& source, const TableOf& target) {
-  const BusyScope busy(session.host, "Copying table");
+  const BusyScope busy(session, "Copying table");
   return Trapped(session, "mDatabase.CopyStruct", false, [&] {
     target.database.CreateTable(target.table, source.database.Fields(source.table),
                                 source.database.Indexes(source.table));
@@ -25,7 +25,7 @@ bool CopyStruct(Session& session, const TableOf& source, const TableOf& target) 
 }
 
 bool CopyData(Session& session, const TableOf& source, const TableOf& target) {
-  const BusyScope busy(session.host, "Copying data");
+  const BusyScope busy(session, "Copying data");
   return Trapped(session, "mDatabase.CopyData", false, [&] {
     auto from = source.database.OpenTable(source.table);
     auto to = target.database.OpenTable(target.table);

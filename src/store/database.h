@@ -94,6 +94,7 @@ class Database {
  private:
   friend class RecordSet;
   friend class Transaction;
+  friend class DatabaseReplacement;
   struct Impl;
   explicit Database(std::shared_ptr<Impl> impl);
   std::shared_ptr<Impl> impl_;

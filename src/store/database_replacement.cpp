@@ -1,6 +1,8 @@
 #include "store/database_replacement.h"
 
+#include <fcntl.h>
 #include <fmt/format.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -9,7 +11,9 @@
 #include <system_error>
 #include <utility>
 
+#include "store/database_impl.h"
 #include "store/file_renaming.h"
+#include "store/file_replacement.h"
 #include "store/run_time_error.h"
 
 namespace orvex::store {
@@ -43,6 +47,7 @@ DatabaseReplacement::DatabaseReplacement(fs::path path) : path_(std::move(path))
   std::error_code ignored;
   const auto status = fs::status(path_, ignored);
   if (fs::exists(status) && !fs::is_regular_file(status)) Fail(fs::is_directory(status) ? EISDIR : EEXIST);
+  RemoveUnfinished(path_);
   // A name of this process's own: two programs that write the same file must not share the half-written one.
   for (int attempt = 0; !database_; ++attempt) {
     beside_ = With(path_, fmt::format(".{}-{}.new", getpid(), attempt));
@@ -52,14 +57,18 @@ DatabaseReplacement::DatabaseReplacement(fs::path path) : path_(std::move(path))
       if (error.Number() != ErrorNumber::kAlreadyExists) throw;
     }
   }
+  lock_ = open(beside_.c_str(), O_RDONLY | O_CLOEXEC);
+  flock(lock_, LOCK_EX | LOCK_NB);
+  // The file counts for nothing until it is complete and flushed, so that no journal is needed beside it.
+  database_->impl_->connection->Execute("PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF");
 }
 
 DatabaseReplacement::~DatabaseReplacement() {
-  if (beside_.empty()) return;
   database_.reset();
   std::error_code ignored;
-  fs::remove(beside_, ignored);
-  for (const auto ending : kCompanions) fs::remove(With(beside_, ending), ignored);
+  if (!beside_.empty()) fs::remove(beside_, ignored);
+  // Not before: SQLite would lose its own locks on the file.
+  close(lock_);
 }
 
 void DatabaseReplacement::Commit() {
@@ -75,10 +84,9 @@ void DatabaseReplacement::Commit() {
 }
 
 void DatabaseReplacement::KeepUnfinished() {
-  database_.reset();
   // On a disk that is full, not even the last work on it may have been undone.
-  std::error_code ignored;
-  if (fs::exists(With(beside_, kCompanions[0]), ignored)) return;
+  if (!database_->IntegrityCheck()) return;
+  database_.reset();
   if (RenameAsNew(beside_, path_) == 0) beside_.clear();
 }
 

@@ -8,8 +8,9 @@
 namespace orvex::store {
 
 /// A database that takes the place of a file only when it is complete: it is made beside it, checked, flushed to the
-/// disk and renamed. Left without `Commit`, nothing changes. Errors: 3044 the folder is not there, 3043 the disk
-/// refused or the place is taken by something that is no file, 3260 another program works on the old file.
+/// disk and renamed. Left without `Commit`, nothing changes; a process that is killed leaves the unfinished file, which
+/// the next replacement of the same file removes. Errors: 3044 the folder is not there, 3043 the disk refused or the
+/// place is taken by something that is no file, 3260 another program works on the old file.
 class DatabaseReplacement {
  public:
   explicit DatabaseReplacement(std::filesystem::path path);
@@ -22,7 +23,7 @@ class DatabaseReplacement {
 
   void Commit();
 
-  /// Leaves the database as far as it got, if nothing has the place.
+  /// Leaves the database as far as it got, if nothing has the place and it is sound.
   void KeepUnfinished();
 
  private:
@@ -30,6 +31,7 @@ class DatabaseReplacement {
 
   std::filesystem::path path_;
   std::filesystem::path beside_;
+  int lock_ = -1;  ///< tells others that the unfinished file is not given up
   std::unique_ptr<Database> database_;
 };
 

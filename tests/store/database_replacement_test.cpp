@@ -75,6 +75,21 @@ TEST_F(DatabaseReplacementTest, StaysAsFarAsItGotIfNothingHasThePlace) {
   EXPECT_EQ(test::EntryCount(folder.Path()), 1);
 }
 
+TEST_F(DatabaseReplacementTest, RemovesWhatAKilledOneLeftAndLeavesAloneWhatIsAtWork) {
+  test::WriteFile(path.string() + ".1-0.new", "a part of a database");
+  test::WriteFile(path.string() + ".1-0.news", "mine");
+  DatabaseReplacement replacement(path);
+  Fill(replacement);
+  {
+    DatabaseReplacement another(path);
+    EXPECT_EQ(test::EntryCount(folder.Path()), 3);
+  }
+  replacement.Commit();
+  ExpectNew();
+  EXPECT_EQ(test::EntryCount(folder.Path()), 2);
+  EXPECT_EQ(test::FileContent(path.string() + ".1-0.news"), "mine");
+}
+
 TEST_F(DatabaseReplacementTest, WhatAnotherProgramLeftBesideTheOldFileIsNotPlayedIntoTheNewOne) {
   const auto other = folder.Path() / "other.mdb";
   {
