@@ -19,10 +19,10 @@ help: ## Print this list
 	@awk -F ':.*## ' '/^[a-z]+:.*## / {printf "  make %-10s %s\n", $$1, $$2}' $(MAKEFILE_LIST)
 
 # A build folder that only this target made leaves the tests out, so that it needs none of their packages.
-build: ## Build the programs, the databases and the display pages into build/release
+build: ## Build the programs, the databases, the display pages and the help into build/release
 	@$(SETUP) build
 	@test -f $(release)/build.ninja || cmake --preset release -DORVEX_TESTS=OFF -DORVEX_BENCH=OFF >/dev/null
-	@cmake --build --preset release --target programs databases display
+	@cmake --build --preset release --target programs databases display help-file
 
 report: build ## Compute the sample inventory: losses of each tank, and all reports and PDFs in build/release/report
 	@tools/report.sh $(program) $(reference) $(sample) $(release)/report
