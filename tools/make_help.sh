@@ -74,7 +74,7 @@ Headings() {
 # The contents: a page that is indented stands below the page before it.
 Contents() {
   local line topic below=0 open=0
-  printf '<section title="ORVEX help" ref="index.html">\n'
+  printf '<section title="%s" ref="index.html">\n' "$(Title "$pages/index.md")"
   while IFS= read -r line; do
     topic=${line#"${line%%[![:space:]]*}"}
     [[ $topic != index && -n $topic && $topic != \#* ]] || continue
@@ -99,14 +99,14 @@ Contents() {
 Keywords() {
   local topic
   for topic in "${topics[@]}"; do
-    awk -v page="$topic.html" '
+    awk -v page="$topic.html" -v title="$(Title "$pages/$topic.md")" '
       /^<h2><a name="/ { heading = $0; sub(/^<h2><a name="/, "", heading); sub(/".*/, "", heading) }
       /^<!-- index: .* -->$/ {
         sub(/^<!-- index: /, ""); sub(/ -->$/, "")
         gsub(/&/, "\\&amp;"); gsub(/"/, "\\&quot;")
         count = split($0, words, /; */)
         for (i = 1; i <= count; ++i)
-          printf "<keyword name=\"%s\" ref=\"%s%s\"/>\n", words[i], page, heading == "" ? "" : "#" heading
+          if (tolower(words[i]) != tolower(title)) printf "<keyword name=\"%s\" ref=\"%s%s\"/>\n", words[i], page, heading == "" ? "" : "#" heading
       }' "$work/$topic.html"
     # By its identification a window finds its page.
     printf '<keyword name="%s" id="%s" ref="%s.html"/>\n' "$(Title "$pages/$topic.md")" "$topic" "$topic"
@@ -141,6 +141,9 @@ for topic in "${topics[@]}"; do
   Page "$pages/$topic.md" "$(Title "$pages/$topic.md")" >"$work/$topic.html"
 done
 Project >"$work/orvex.qhp"
+# A word of the index leads to one place.
+doubles=$(sed -nE 's/^<keyword name="([^"]*)".*/\1/p' "$work/orvex.qhp" | tr '[:upper:]' '[:lower:]' | sort | uniq -d)
+[[ -z $doubles ]] || Fail "these words stand in the index twice: ${doubles//$'\n'/, }"
 
 # It says with warnings, not with its exit status, what is missing.
 messages=$(QT_QPA_PLATFORM=offscreen "$qhelpgenerator" "$work/orvex.qhp" -o "$work/orvex.qch" 2>&1) || Fail "$messages"

@@ -1,0 +1,60 @@
+#include "windows/help_collection.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QHelpEngineCore>
+#include <QStandardPaths>
+
+namespace orvex::windows {
+namespace {
+
+constexpr const char* kContext = "HelpCollection";
+const QString kVirtualFolder = QStringLiteral("help");
+
+QString Translated(const char* text) { return QCoreApplication::translate(kContext, text); }
+
+/// The person's cache; where that cannot be written, the folder's own choice is the system's.
+QString FolderTemplate() {
+  const QDir cache(QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation));
+  const auto folder = cache.filePath(QStringLiteral("orvex"));
+  if (cache.mkpath(folder) && QFileInfo(folder).isWritable()) return folder + QStringLiteral("/help-XXXXXX");
+  return QDir::tempPath() + QStringLiteral("/orvex-help-XXXXXX");
+}
+
+/// Opens the file alone; a sentence when that fails.
+QString Register(const QString& collection, const QString& file, const QString& name_space) {
+  if (!QFileInfo(file).isFile()) return Translated("The help file '%1' is not there.").arg(file);
+  if (name_space.isEmpty()) return Translated("'%1' is not a help file, or is damaged.").arg(file);
+  QHelpEngineCore core(collection);
+  core.setReadOnly(false);
+  if (core.setupData() && core.registerDocumentation(file)) return {};
+  return Translated("The help file '%1' cannot be opened: %2").arg(file, core.error());
+}
+
+}  // namespace
+
+HelpCollection::HelpCollection(const std::filesystem::path& help_file) : folder_(FolderTemplate()) {
+  const auto file = QString::fromStdString(help_file.string());
+  const auto collection = folder_.filePath(QStringLiteral("orvex.qhc"));
+  if (folder_.isValid()) {
+    name_space_ = QHelpEngineCore::namespaceName(file);
+    fault_ = Register(collection, file, name_space_);
+  } else {
+    fault_ = Translated("The help cannot be shown: %1").arg(folder_.errorString());
+  }
+  engine_ = std::make_unique<QHelpEngine>(collection);
+  engine_->setReadOnly(false);
+  engine_->setUsesFilterEngine(true);
+}
+
+QUrl HelpCollection::Page(const QString& topic) const {
+  QUrl url;
+  url.setScheme(QStringLiteral("qthelp"));
+  url.setHost(name_space_);
+  url.setPath(QStringLiteral("/%1/%2.html").arg(kVirtualFolder, topic));
+  // The library's own look-up answers for pages that are not there too.
+  return engine_->fileData(url).isEmpty() ? QUrl() : url;
+}
+
+}  // namespace orvex::windows

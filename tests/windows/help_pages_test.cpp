@@ -1,0 +1,254 @@
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <charconv>
+#include <filesystem>
+#include <regex>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "emission/fitting_counts.h"
+#include "emission/floating_roof.h"
+#include "emission/solar.h"
+#include "shell/tank_types.h"
+#include "support/file_content.h"
+
+namespace orvex::test {
+namespace {
+
+using ::testing::HasSubstr;
+
+/// The pages as they are put into the help file.
+const std::filesystem::path kPages = ORVEX_HELP_FOLDER;
+const std::filesystem::path kEmissionSources = ORVEX_EMISSION_SOURCES;
+
+/// What the windows, the menus and the other pages ask for.
+constexpr std::string_view kTopics[] = {"index",
+                                        "first_report",
+                                        "main_window",
+                                        "quick_menu",
+                                        "database_locations",
+                                        "locate_database",
+                                        "choose_tanks",
+                                        "report_type",
+                                        "backup",
+                                        "choose_months",
+                                        "print_report",
+                                        "report_window",
+                                        "errors",
+                                        "fittings",
+                                        "equations_fixed_roof",
+                                        "equations",
+                                        "equations_floating_roof",
+                                        "speciation",
+                                        "mixtures",
+                                        "weather",
+                                        "chemicals",
+                                        "tank_fields",
+                                        "reports_read"};
+
+std::string Page(std::string_view topic) { return FileContent(kPages / (std::string(topic) + ".html")); }
+
+std::vector<std::string> PageNames() {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(kPages))
+    if (entry.path().extension() == ".html") names.push_back(entry.path().stem());
+  return names;
+}
+
+std::vector<std::string> AllOf(const std::string& text, const std::string& pattern) {
+  const std::regex regex(pattern);
+  std::vector<std::string> found;
+  for (std::sregex_iterator match(text.begin(), text.end(), regex), end; match != end; ++match)
+    found.push_back((*match)[1]);
+  return found;
+}
+
+/// The words of a page, a single blank between them.
+std::string Words(const std::string& text) {
+  const auto plain =
+      std::regex_replace(std::regex_replace(text, std::regex("<[^>]*>"), " "), std::regex("&quot;"), "\"");
+  return std::regex_replace(plain, std::regex("\\s+"), " ");
+}
+
+std::string Trimmed(const std::string& text) { return std::regex_replace(text, std::regex("^ +| +$"), ""); }
+
+/// The cells of each row of a page's tables.
+std::vector<std::vector<std::string>> Rows(std::string_view topic) {
+  std::vector<std::vector<std::string>> rows;
+  for (const auto& row : AllOf(Page(topic), "<tr>([\\s\\S]*?)</tr>")) rows.push_back(AllOf(row, "<td>(.*?)</td>"));
+  return rows;
+}
+
+double Number(const std::string& text) {
+  double number = -1;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  return number;
+}
+
+TEST(HelpPages, HoldEveryTopic) {
+  for (const auto topic : kTopics)
+    EXPECT_TRUE(std::filesystem::exists(kPages / (std::string(topic) + ".html"))) << topic;
+}
+
+TEST(HelpPages, StandInTheContents) {
+  const auto refs = AllOf(FileContent(kPages / "orvex.qhp"), "<section title=\"[^\"]+\" ref=\"([^\"#]+)\"");
+  for (const auto& name : PageNames()) EXPECT_EQ(std::ranges::count(refs, name + ".html"), 1) << name;
+}
+
+TEST(HelpPages, CanBeFoundByTheirTopic) {
+  const auto project = FileContent(kPages / "orvex.qhp");
+  for (const auto topic : kTopics) EXPECT_THAT(project, HasSubstr(fmt::format("id=\"{0}\" ref=\"{0}.html\"", topic)));
+}
+
+TEST(HelpPages, LinkToPagesAndHeadingsThatAreThere) {
+  int links = 0;
+  for (const auto& name : PageNames()) {
+    for (const auto& link : AllOf(Page(name), "<a href=\"([^\"]*)\"")) {
+      ++links;
+      const auto hash = link.find('#');
+      const auto target = link.substr(0, hash);
+      ASSERT_TRUE(std::filesystem::is_regular_file(kPages / target)) << name << " links to " << link;
+      if (hash == std::string::npos) continue;
+      EXPECT_THAT(FileContent(kPages / target), HasSubstr(fmt::format("<a name=\"{}\">", link.substr(hash + 1))))
+          << name << " links to " << link;
+    }
+  }
+  EXPECT_GT(links, 50);
+}
+
+TEST(HelpPages, LeadFromTheContentsAndTheIndexToHeadingsThatAreThere) {
+  for (const auto& ref : AllOf(FileContent(kPages / "orvex.qhp"), "ref=\"([^\"]*)\"")) {
+    const auto hash = ref.find('#');
+    const auto page = FileContent(kPages / ref.substr(0, hash));
+    EXPECT_FALSE(page.empty()) << ref;
+    if (hash == std::string::npos) continue;
+    EXPECT_THAT(page, HasSubstr(fmt::format("<a name=\"{}\">", ref.substr(hash + 1))));
+  }
+}
+
+TEST(HelpPages, ShowPicturesThatAreThereAndLeaveNoneOut) {
+  std::set<std::string> shown;
+  for (const auto& name : PageNames())
+    for (const auto& picture : AllOf(Page(name), "<img src=\"([^\"]*)\" alt=\"[^\"]+\"")) shown.insert(picture);
+  std::set<std::string> there;
+  for (const auto& entry : std::filesystem::directory_iterator(kPages / "pictures"))
+    there.insert("pictures/" + entry.path().filename().string());
+  EXPECT_EQ(shown, there);
+}
+
+TEST(HelpPages, HaveOneTitleEachAndNoFormulaLeftOver) {
+  std::set<std::string> titles;
+  for (const auto& name : PageNames()) {
+    const auto page = Page(name);
+    const auto headings = AllOf(page, "<h1>(.*)</h1>");
+    ASSERT_EQ(headings.size(), 1U) << name;
+    EXPECT_TRUE(titles.insert(headings.front()).second) << name;
+    EXPECT_EQ(page.find('$'), std::string::npos) << name;
+    EXPECT_EQ(page.find("@M"), std::string::npos) << name;
+    EXPECT_EQ(page.find(".md"), std::string::npos) << name;
+    EXPECT_EQ(page.find("language-math"), std::string::npos) << name;
+  }
+}
+
+TEST(HelpPages, WriteEquationsWithIndicesAndExponents) {
+  EXPECT_THAT(Page("equations_fixed_roof"),
+              HasSubstr("<p class=\"equation\"><i>V</i><sub>V</sub> = (π / 4) <i>D</i><sub>E</sub><sup>2</sup> "
+                        "<i>H</i><sub>VO</sub></p>"));
+}
+
+/// The texts of a source file that a person reads as sentences; those that stand behind one another are one.
+std::vector<std::string> Sentences(const std::filesystem::path& source) {
+  std::vector<std::string> found;
+  for (const auto& literals : AllOf(FileContent(source), R"re(("(?:[^"\\\n]|\\.)*"(?:\s*"(?:[^"\\\n]|\\.)*")*))re")) {
+    const auto text = Trimmed(std::regex_replace(literals, std::regex("\"\\s*\"|\""), ""));
+    if (text.find(' ') != std::string::npos && std::string_view(".!)").find(text.back()) != std::string_view::npos)
+      found.push_back(Words(text));
+  }
+  return found;
+}
+
+TEST(HelpPages, ExplainEveryMessageOfTheValidationAndTheLossRoutines) {
+  const auto errors = Words(Page("errors"));
+  int messages = 0;
+  for (const auto* name : {"validate.cpp", "validate_tank.cpp", "validate_mixtures.cpp", "validate_throughput.cpp",
+                           "emiss_fix.cpp", "emiss_float.cpp"}) {
+    for (const auto& sentence : Sentences(kEmissionSources / name)) {
+      ++messages;
+      EXPECT_THAT(errors, HasSubstr(Trimmed(sentence))) << name;
+    }
+  }
+  EXPECT_GT(messages, 50);
+}
+
+TEST(HelpPages, TellTheAbsorptanceOfEachPaintAsItIsComputed) {
+  int paints = 0;
+  for (const auto& row : Rows("equations")) {
+    if (row.size() != 3 || row[0].find('/') == std::string::npos || Number(row[1]) < 0) continue;
+    ++paints;
+    EXPECT_EQ(Number(row[1]), emission::ShellSolar(row[0], "Good")) << row[0];
+    EXPECT_EQ(Number(row[2]), emission::ShellSolar(row[0], "Poor")) << row[0];
+  }
+  EXPECT_EQ(paints, 6);
+}
+
+TEST(HelpPages, TellTheClingageAsItIsComputed) {
+  int rows = 0;
+  for (const auto& row : Rows("equations_floating_roof")) {
+    if (row.size() != 4 || Number(row[1]) < 0) continue;
+    ++rows;
+    const std::string_view category = row[0] == "Crude Oils" ? shell::kCrudeOils : shell::kOrganicLiquids;
+    EXPECT_EQ(Number(row[1]), emission::Clingage(category, "Light Rust"));
+    EXPECT_EQ(Number(row[2]), emission::Clingage(category, "Dense Rust"));
+    EXPECT_EQ(Number(row[3]), emission::Clingage(category, "Gunite Lining"));
+  }
+  EXPECT_EQ(rows, 2);
+}
+
+TEST(HelpPages, TellTheNumberOfColumnsAsItIsComputed) {
+  int bands = 0;
+  for (const auto& row : Rows("fittings")) {
+    for (std::size_t i = 0; row.size() == 6 && i < row.size(); i += 2) {
+      ++bands;
+      const bool last = row[i].starts_with("above ");
+      const double diameter = Number(row[i].substr(row[i].rfind(' ') + 1));
+      EXPECT_EQ(Number(row[i + 1]), emission::Columns(last ? diameter + 1 : diameter)) << row[i];
+      EXPECT_NE(Number(row[i + 1]), emission::Columns(last ? diameter : diameter + 1)) << row[i];
+    }
+  }
+  EXPECT_EQ(bands, 15);
+}
+
+TEST(HelpPages, TellTheNumberOfRoofLegsAsItIsComputed) {
+  int bands = 0;
+  for (const auto& row : Rows("fittings")) {
+    if (row.size() != 4 || Number(row[0]) < 0) continue;
+    if (row[0].find(' ') != std::string::npos) continue;
+    ++bands;
+    const double diameter = Number(row[0]);
+    EXPECT_EQ(Number(row[1]), emission::PontoonRoofLegs(diameter)) << row[0];
+    EXPECT_EQ(Number(row[2]), emission::CenterRoofLegs(diameter)) << row[0];
+    EXPECT_EQ(Number(row[3]), emission::DoubleDeckRoofLegs(diameter)) << row[0];
+  }
+  EXPECT_EQ(bands, 38);
+}
+
+TEST(HelpPages, TellTheNumberOfBreakersAndDrainsAsItIsComputed) {
+  int bands = 0;
+  for (const auto& row : Rows("fittings")) {
+    if (row.size() != 4 || (row[0].find("below") == std::string::npos && row[0].find("above") == std::string::npos))
+      continue;
+    ++bands;
+    const double diameter = row[0].starts_with("below") ? 1 : Number(row[0]);
+    EXPECT_EQ(Number(row[1]), emission::Breakers(diameter, "Pontoon")) << row[0];
+    EXPECT_EQ(Number(row[2]), emission::Breakers(diameter, "Double Deck")) << row[0];
+    EXPECT_EQ(Number(row[3]), emission::RoofDrains(diameter, "Double Deck")) << row[0];
+  }
+  EXPECT_EQ(bands, 7);
+}
+
+}  // namespace
+}  // namespace orvex::test
