@@ -55,6 +55,11 @@ TEST_F(InstalledTest, TheReportProgramFindsWhatItIsDeliveredWith) {
   }
 }
 
+TEST_F(InstalledTest, TheHelpIsDelivered) {
+  if (!fs::exists(prefix_ / "bin" / "orvex-pdf")) GTEST_SKIP() << "built without windows";
+  EXPECT_TRUE(fs::is_regular_file(prefix_ / "share" / "orvex" / "help" / "ORVEX40.hlp"));
+}
+
 TEST_F(InstalledTest, ThePdfProgramStandsBesideIt) {
   if (!fs::exists(prefix_ / "bin" / "orvex-pdf")) GTEST_SKIP() << "built without windows";
   Report({"--quiet", "--pdf", folder_.Path() / "report.pdf"});

@@ -110,7 +110,7 @@ TEST(HelpPages, LinkToPagesAndHeadingsThatAreThere) {
     for (const auto& link : AllOf(Page(name), "<a href=\"([^\"]*)\"")) {
       ++links;
       const auto hash = link.find('#');
-      const auto target = link.substr(0, hash);
+      const auto target = hash == 0 ? name + ".html" : link.substr(0, hash);
       ASSERT_TRUE(std::filesystem::is_regular_file(kPages / target)) << name << " links to " << link;
       if (hash == std::string::npos) continue;
       EXPECT_THAT(FileContent(kPages / target), HasSubstr(fmt::format("<a name=\"{}\">", link.substr(hash + 1))))
@@ -149,7 +149,8 @@ TEST(HelpPages, HaveOneTitleEachAndNoFormulaLeftOver) {
     EXPECT_TRUE(titles.insert(headings.front()).second) << name;
     EXPECT_EQ(page.find('$'), std::string::npos) << name;
     EXPECT_EQ(page.find("@M"), std::string::npos) << name;
-    EXPECT_EQ(page.find(".md"), std::string::npos) << name;
+    EXPECT_EQ(page.find(".md\""), std::string::npos) << name;
+    EXPECT_EQ(page.find(".md#"), std::string::npos) << name;
     EXPECT_EQ(page.find("language-math"), std::string::npos) << name;
   }
 }
