@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QHelpEngineCore>
-#include <QStandardPaths>
 
 namespace orvex::windows {
 namespace {
@@ -13,14 +12,6 @@ constexpr const char* kContext = "HelpCollection";
 const QString kVirtualFolder = QStringLiteral("help");
 
 QString Translated(const char* text) { return QCoreApplication::translate(kContext, text); }
-
-/// The person's cache; where that cannot be written, the folder's own choice is the system's.
-QString FolderTemplate() {
-  const QDir cache(QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation));
-  const auto folder = cache.filePath(QStringLiteral("orvex"));
-  if (cache.mkpath(folder) && QFileInfo(folder).isWritable()) return folder + QStringLiteral("/help-XXXXXX");
-  return QDir::tempPath() + QStringLiteral("/orvex-help-XXXXXX");
-}
 
 /// Opens the file alone; a sentence when that fails.
 QString Register(const QString& collection, const QString& file, const QString& name_space) {
@@ -34,7 +25,8 @@ QString Register(const QString& collection, const QString& file, const QString& 
 
 }  // namespace
 
-HelpCollection::HelpCollection(const std::filesystem::path& help_file) : folder_(FolderTemplate()) {
+HelpCollection::HelpCollection(const std::filesystem::path& help_file)
+    : folder_(QDir::tempPath() + QStringLiteral("/orvex-help-XXXXXX")) {
   const auto file = QString::fromStdString(help_file.string());
   const auto collection = folder_.filePath(QStringLiteral("orvex.qhc"));
   if (folder_.isValid()) {

@@ -10,7 +10,7 @@
 namespace orvex::windows {
 
 /// A help file, opened for reading. What the help library keeps beside it (lists and search index) is made anew in a
-/// folder of its own and goes with it, so it is never older than the file.
+/// temporary folder and goes with it, so it is never older than the file.
 class HelpCollection {
  public:
   explicit HelpCollection(const std::filesystem::path& help_file);

@@ -241,6 +241,8 @@ void HelpWindow::ConnectPage() {
   connect(browser_, &QTextBrowser::forwardAvailable, forward, &QAction::setEnabled);
   connect(browser_, &QTextBrowser::sourceChanged, this, [this](const QUrl& url) {
     Tell({});
+    // Its count is that of the page before.
+    find_bar_->hide();
     auto* contents = collection_->Engine().contentWidget();
     if (const auto entry = contents->indexOf(url); entry.isValid()) contents->setCurrentIndex(entry);
     const auto title = browser_->documentTitle();
@@ -339,6 +341,7 @@ void ShowHelpWindow(const std::filesystem::path& help_file, const QString& topic
     if (widget->objectName() == kWindowName && !widget->isHidden()) window = qobject_cast<HelpWindow*>(widget);
   if (window == nullptr) window = new HelpWindow(help_file);
   PlaceInFrontOf(QApplication::activeModalWidget(), *window);
+  window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
   window->show();
   window->raise();
   window->activateWindow();

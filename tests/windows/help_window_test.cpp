@@ -5,7 +5,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
-#include <QDir>
 #include <QHelpContentWidget>
 #include <QHelpIndexWidget>
 #include <QHelpSearchQueryWidget>
@@ -21,6 +20,7 @@
 #include <QWindow>
 #include <fstream>
 
+#include "support/file_content.h"
 #include "windows/pages.h"
 
 namespace orvex::windows {
@@ -275,19 +275,18 @@ TEST_F(HelpWindowTest, NamesEveryPartForThoseWhoCannotSeeIt) {
     EXPECT_FALSE(Find<QWidget>(window, name).accessibleName().isEmpty()) << name;
 }
 
-TEST_F(HelpWindowTest, LeavesNothingInTheCache) {
-  const QByteArray before = qgetenv("XDG_CACHE_HOME");
-  qputenv("XDG_CACHE_HOME", folder_.Path().c_str());
+TEST_F(HelpWindowTest, LeavesNoTemporaryFilesBehind) {
+  const QByteArray before = qgetenv("TMPDIR");
+  qputenv("TMPDIR", folder_.Path().c_str());
   QPointer<HelpWindow> window = &Show({});
-  const QDir cache(QString::fromStdString((folder_.Path() / "orvex").string()));
-  EXPECT_EQ(cache.entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 1);
+  if (before.isNull())
+    qunsetenv("TMPDIR");
+  else
+    qputenv("TMPDIR", before);
+  EXPECT_EQ(test::EntryCount(folder_.Path()), 1);
   window->close();
   EXPECT_TRUE(WaitFor([&] { return window.isNull(); }));
-  EXPECT_TRUE(cache.isEmpty());
-  if (before.isNull())
-    qunsetenv("XDG_CACHE_HOME");
-  else
-    qputenv("XDG_CACHE_HOME", before);
+  EXPECT_EQ(test::EntryCount(folder_.Path()), 0);
 }
 
 }  // namespace
