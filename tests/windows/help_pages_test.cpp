@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <regex>
 #include <set>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,6 +14,19 @@
 #include "emission/fitting_counts.h"
 #include "emission/floating_roof.h"
 #include "emission/solar.h"
+#include "reports/frmmonth.h"
+#include "reports/frmprintrep.h"
+#include "reports/frmreptyp.h"
+#include "reports/frmtankrep.h"
+#include "shell/command.h"
+#include "shell/frmchange.h"
+#include "shell/frmclientdata.h"
+#include "shell/frmnotice.h"
+#include "shell/frmoverview.h"
+#include "shell/frmqmenu.h"
+#include "shell/frmstart.h"
+#include "shell/frmtankdata.h"
+#include "shell/menu.h"
 #include "shell/tank_types.h"
 #include "support/file_content.h"
 
@@ -23,7 +37,12 @@ using ::testing::HasSubstr;
 
 /// The pages as they are put into the help file.
 const std::filesystem::path kPages = ORVEX_HELP_FOLDER;
-const std::filesystem::path kEmissionSources = ORVEX_EMISSION_SOURCES;
+const std::filesystem::path kSources = ORVEX_SOURCES;
+
+constexpr const shell::WindowText* kWindows[] = {
+    &shell::kFrmstartText,     &shell::kFrmNoticeText,   &shell::kFrmoverviewText,   &shell::kFrmqmenuText,
+    &shell::kFrmChangeText,    &shell::kFrmtankdataText, &shell::kFrmclientdataText, &reports::kFrmmonthText,
+    &reports::kFrmtankrepText, &reports::kFrmreptypText, &reports::kFrmprintrepText};
 
 /// What the windows, the menus and the other pages ask for.
 constexpr std::string_view kTopics[] = {"index",
@@ -172,17 +191,69 @@ std::vector<std::string> Sentences(const std::filesystem::path& source) {
   return found;
 }
 
-TEST(HelpPages, ExplainEveryMessageOfTheValidationAndTheLossRoutines) {
+TEST(HelpPages, ExplainEveryMessage) {
   const auto errors = Words(Page("errors"));
   int messages = 0;
-  for (const auto* name : {"validate.cpp", "validate_tank.cpp", "validate_mixtures.cpp", "validate_throughput.cpp",
-                           "emiss_fix.cpp", "emiss_float.cpp"}) {
-    for (const auto& sentence : Sentences(kEmissionSources / name)) {
+  for (const auto* name :
+       {"emission/validate.cpp", "emission/validate_tank.cpp", "emission/validate_mixtures.cpp",
+        "emission/validate_throughput.cpp", "emission/emiss_fix.cpp", "emission/emiss_float.cpp", "shell/backup.cpp",
+        "shell/frmchange.cpp", "shell/start_up.cpp", "shell/database_locations.h", "reports/frmprintrep.cpp"}) {
+    for (const auto& sentence : Sentences(kSources / name)) {
       ++messages;
-      EXPECT_THAT(errors, HasSubstr(Trimmed(sentence))) << name;
+      // A name or number stands where the braces are.
+      for (std::size_t from = 0; from < sentence.size();) {
+        const auto gap = std::min(sentence.find("{}", from), sentence.size());
+        EXPECT_THAT(errors, HasSubstr(Trimmed(sentence.substr(from, gap - from)))) << name;
+        from = gap + 2;
+      }
     }
   }
-  EXPECT_GT(messages, 50);
+  EXPECT_GT(messages, 60);
+}
+
+/// A text as a person reads it: without the mark of its access key.
+std::string Read(std::string_view caption) {
+  std::string text(caption);
+  std::erase(text, '&');
+  return Trimmed(std::regex_replace(text, std::regex(":$"), ""));
+}
+
+std::string PageText(std::string_view topic) {
+  auto text = Words(Page(topic));
+  text = std::regex_replace(text, std::regex("&gt;"), ">");
+  return std::regex_replace(text, std::regex("&lt;"), "<");
+}
+
+TEST(HelpPages, AreThereForEveryWindowAndTellEveryControlOfIt) {
+  for (const auto* window : kWindows) {
+    const auto text = PageText(window->topic);
+    EXPECT_FALSE(text.empty()) << window->name << " asks for " << window->topic;
+    if (window->topic == "index") continue;
+    EXPECT_THAT(text, HasSubstr(std::string(window->title)));
+    for (const auto& control : window->controls) {
+      // The months are told as "January to December".
+      if (control.name.starts_with("chk") && control.name != "chkJAN" && control.name != "chkDEC") continue;
+      if (control.name.starts_with("fra")) continue;
+      EXPECT_THAT(text, HasSubstr(Read(control.caption))) << window->name << " " << control.name;
+    }
+  }
+}
+
+void ExpectMenuTold(std::span<const shell::MenuEntry> menu, const std::string& text) {
+  for (const auto& entry : menu) {
+    if (entry.IsSeparator()) continue;
+    EXPECT_THAT(text, HasSubstr(Read(entry.text)));
+    ExpectMenuTold(entry.entries, text);
+  }
+}
+
+TEST(HelpPages, TellTheMenusOfReportsBackupAndHelp) {
+  const auto text = PageText("main_window");
+  ExpectMenuTold(shell::kReportMenu, text);
+  ExpectMenuTold(shell::kHelpMenu, text);
+  for (const auto& command : {"Backup Tank Database", "Backup Client Database", "Change Database Locations", "Exit"})
+    EXPECT_THAT(text, HasSubstr(command));
+  EXPECT_THAT(text, HasSubstr(std::string(shell::kLaterReleaseTip)));
 }
 
 TEST(HelpPages, TellTheAbsorptanceOfEachPaintAsItIsComputed) {
