@@ -7,13 +7,14 @@ SETUP := tools/setup.sh
 
 release := build/release
 program := $(release)/apps/orvex-report/orvex-report
+desktop := $(release)/apps/orvex/orvex
 sample := $(release)/samples/client1.mdb
 reference := $(release)/data/tankdata.mdb
 
-# What `make run` asks of the program.
+# What `make batch` asks of the program.
 ARGS := --list
 
-.PHONY: help build report pictures run test bench format lint coverage clean
+.PHONY: help build report pictures run batch test bench format lint coverage clean
 
 help: ## Print this list
 	@awk -F ':.*## ' '/^[a-z]+:.*## / {printf "  make %-10s %s\n", $$1, $$2}' $(MAKEFILE_LIST)
@@ -27,11 +28,21 @@ build: ## Build the programs, the databases, the display pages and the help into
 report: build ## Compute the sample inventory: losses of each tank, and all reports and PDFs in build/release/report
 	@tools/report.sh $(program) $(reference) $(sample) $(release)/report
 
-pictures: report ## Make the pictures of the reports in docs/pictures anew
-	@$(SETUP) pictures
+# The windows are drawn on no display, over copies of the delivered databases.
+pictures: report ## Make the pictures of reports and windows in docs/pictures and docs/windows anew
+	@$(SETUP) pictures test
 	@tools/pictures.sh $(release)/report docs/pictures
+	@cmake --preset release >/dev/null
+	@cmake --build --preset release --target window_pictures
+	@$(release)/tools/window_pictures $(reference) $(sample) docs/windows
 
-run: build ## Run the program on a copy of the sample inventory, with ARGS="..." (as it stands: --list)
+# Its files and settings are kept in the build folder, apart from a person's own.
+run: build ## Open the desktop program on the sample inventory, with folders of its own in build/release/run
+	@mkdir -p $(release)/run/data/orvex
+	@test -e $(release)/run/data/orvex/client1.mdb || cp $(sample) $(release)/run/data/orvex/client1.mdb
+	@XDG_DATA_HOME=$(abspath $(release)/run/data) XDG_CONFIG_HOME=$(abspath $(release)/run/config) $(desktop)
+
+batch: build ## Run the program without windows on a copy of the sample inventory, with ARGS="..." (as it stands: --list)
 	@mkdir -p $(release)/run
 	@cp $(sample) $(release)/run/client1.mdb
 	@$(program) --client $(release)/run/client1.mdb --reference $(reference) --out $(release)/run $(ARGS)

@@ -30,6 +30,7 @@
 #include "store/run_time_error.h"
 #include "windows/find_bar.h"
 #include "windows/landscape.h"
+#include "windows/printer_setting.h"
 
 namespace orvex::windows {
 namespace {
@@ -262,6 +263,7 @@ void ReportWindow::SetReportIsThere(bool there) {
 
 void ReportWindow::Print() {
   auto printer = std::make_shared<std::unique_ptr<QPrinter>>(std::make_unique<QPrinter>(QPrinter::HighResolution));
+  ChooseSetUpPrinter(**printer, settings_);
   (*printer)->setPageLayout(Landscape(paper_));
   (*printer)->setResolution(kPrintDpi);
   (*printer)->setDocName(windowTitle());

@@ -1,0 +1,97 @@
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "reports/frmtankrep.h"
+#include "windows/model_view.h"
+#include "windows/views.h"
+
+namespace orvex::windows {
+namespace {
+
+/// Where a reading of the picked tank stands.
+struct Reading {
+  const char* name;
+  shell::TextBox reports::Frmtankrep::*box;
+  int row;
+  int column;  ///< of its caption
+};
+constexpr Reading kReadings[] = {
+    {"txtID", &reports::Frmtankrep::txtID, 0, 0},           {"txtTankType", &reports::Frmtankrep::txtTankType, 0, 2},
+    {"txtCity", &reports::Frmtankrep::txtCity, 1, 0},       {"txtState", &reports::Frmtankrep::txtState, 1, 2},
+    {"txtCompany", &reports::Frmtankrep::txtCompany, 2, 0},
+};
+
+class FrmtankrepView : public ModelView<reports::Frmtankrep> {
+ public:
+  explicit FrmtankrepView(const ViewPlace& place)
+      : ModelView(place, reports::kFrmtankrepText, reports::OpenFrmtankrep(place.session)) {
+    auto* column = new QVBoxLayout(this);
+    column->addLayout(MakeLists(), 1);
+    column->addLayout(MakeReadings());
+    column->addSpacing(fontMetrics().lineSpacing() / 2);
+    column->addLayout(MakeFoot());
+  }
+
+ private:
+  QGridLayout* MakeLists() {
+    constexpr auto kAny = TextList::Choice::kAny;
+    constexpr auto kFind = TextList::Find::kYes;
+    auto* tanks = MakeList("lstTanks", model_.lstTanks, kAny, kFind, Do(reports::PickTank), {});
+    auto* between = new QVBoxLayout;
+    between->addStretch(1);
+    between->addWidget(MakeButton("cmdSelect", model_.cmdSelect, Do(reports::ClickSelect)));
+    between->addWidget(MakeButton("cmdSelectAll", model_.cmdSelectAll, Do(reports::ClickSelectAll)));
+    between->addSpacing(fontMetrics().lineSpacing() / 2);
+    between->addWidget(MakeButton("cmdRemove", model_.cmdRemove, Do(reports::ClickRemove)));
+    between->addWidget(MakeButton("cmdRemoveAll", model_.cmdRemoveAll, Do(reports::ClickRemoveAll)));
+    between->addStretch(1);
+    auto* chosen = MakeList("lstChosenTanks", model_.lstChosenTanks, kAny, kFind, {}, {});
+    auto* grid = new QGridLayout;
+    grid->addWidget(MakeCaption("lstTanks", tanks->View()), 0, 0);
+    grid->addWidget(tanks, 1, 0);
+    grid->addLayout(between, 1, 1);
+    grid->addWidget(MakeCaption("lstChosenTanks", chosen->View()), 0, 2);
+    grid->addWidget(chosen, 1, 2);
+    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(2, 1);
+    grid->setRowStretch(1, 1);
+    return grid;
+  }
+
+  QGridLayout* MakeReadings() {
+    auto* grid = new QGridLayout;
+    for (const auto& [name, box, row, column] : kReadings) {
+      auto* reading = MakeTextBox(name, model_.*box, {});
+      grid->addWidget(MakeCaption(name, reading), row, column);
+      grid->addWidget(reading, row, column + 1);
+    }
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(3, 1);
+    return grid;
+  }
+
+  QHBoxLayout* MakeFoot() {
+    auto* help = MakeButton("cmdHelp", model_.cmdHelp, Do(reports::ClickHelp));
+    auto* run = MakeButton("cmdRunReport", model_.cmdRunReport, Do(reports::ClickRunReport));
+    auto* close = MakeButton("cmdClose", model_.cmdClose, Do(reports::ClickClose));
+    run->setDefault(true);
+    SetCloseButton(close);
+    auto* foot = new QHBoxLayout;
+    foot->addWidget(help);
+    foot->addStretch(1);
+    foot->addWidget(run);
+    foot->addWidget(close);
+    return foot;
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<ModelDialog> MakeFrmtankrep(const ViewPlace& place) { return std::make_unique<FrmtankrepView>(place); }
+
+}  // namespace orvex::windows

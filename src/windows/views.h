@@ -1,0 +1,22 @@
+#pragma once
+
+#include <memory>
+
+#include "windows/model_dialog.h"
+
+/// One view a window, each in a file of its window's name. They open their model themselves.
+namespace orvex::windows {
+
+std::unique_ptr<ModelDialog> MakeFrmstart(const ViewPlace& place);
+std::unique_ptr<ModelDialog> MakeFrmNotice(const ViewPlace& place);
+std::unique_ptr<ModelDialog> MakeFrmoverview(const ViewPlace& place);
+std::unique_ptr<ModelDialog> MakeFrmqmenu(const ViewPlace& place);
+std::unique_ptr<ModelDialog> MakeFrmChange(const ViewPlace& place);
+std::unique_ptr<ModelDialog> MakeFrmtankdata(const ViewPlace& place);
+std::unique_ptr<ModelDialog> MakeFrmclientdata(const ViewPlace& place);
+std::unique_ptr<ModelDialog> MakeFrmtankrep(const ViewPlace& place);
+std::unique_ptr<ModelDialog> MakeFrmmonth(const ViewPlace& place);
+std::unique_ptr<ModelDialog> MakeFrmreptyp(const ViewPlace& place);
+std::unique_ptr<ModelDialog> MakeFrmprintrep(const ViewPlace& place);
+
+}  // namespace orvex::windows

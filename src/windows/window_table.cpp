@@ -1,0 +1,43 @@
+#include "windows/window_table.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <string>
+
+#include "reports/frmmonth.h"
+#include "reports/frmprintrep.h"
+#include "reports/frmreptyp.h"
+#include "reports/frmtankrep.h"
+#include "shell/frmchange.h"
+#include "shell/frmclientdata.h"
+#include "shell/frmnotice.h"
+#include "shell/frmoverview.h"
+#include "shell/frmqmenu.h"
+#include "shell/frmstart.h"
+#include "shell/frmtankdata.h"
+#include "windows/views.h"
+
+namespace orvex::windows {
+namespace {
+
+constexpr WindowEntry kWindows[] = {
+    {shell::kFrmstartText, MakeFrmstart},           {shell::kFrmNoticeText, MakeFrmNotice},
+    {shell::kFrmoverviewText, MakeFrmoverview},     {shell::kFrmqmenuText, MakeFrmqmenu},
+    {shell::kFrmChangeText, MakeFrmChange},         {shell::kFrmtankdataText, MakeFrmtankdata},
+    {shell::kFrmclientdataText, MakeFrmclientdata}, {reports::kFrmtankrepText, MakeFrmtankrep},
+    {reports::kFrmmonthText, MakeFrmmonth},         {reports::kFrmreptypText, MakeFrmreptyp},
+    {reports::kFrmprintrepText, MakeFrmprintrep},
+};
+
+}  // namespace
+
+std::span<const WindowEntry> WindowTable() { return kWindows; }
+
+const WindowEntry& FindWindow(std::string_view name) {
+  const auto* found =
+      std::ranges::find_if(kWindows, [&](const WindowEntry& window) { return window.text.name == name; });
+  if (found == std::end(kWindows)) throw std::logic_error("There is no window " + std::string(name) + ".");
+  return *found;
+}
+
+}  // namespace orvex::windows
