@@ -1,0 +1,184 @@
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QMap>
+#include <QMenuBar>
+#include <QScrollArea>
+#include <QTest>
+#include <QToolButton>
+
+#include "windows/desktop_fixture.h"
+#include "windows/display_text.h"
+#include "windows/window_table.h"
+
+namespace orvex::test {
+namespace {
+
+/// Every window in turn, as it opens over the sample inventory.
+class AllWindows : public DesktopTest, public testing::WithParamInterface<const windows::WindowEntry*> {
+ protected:
+  std::unique_ptr<windows::ModelDialog> Open() {
+    auto window = GetParam()->make({session_, &host_.Main(), nullptr});
+    window->Prepare();
+    window->show();
+    QCoreApplication::processEvents();
+    return window;
+  }
+};
+
+/// A widget of the window itself, not one that a toolkit's widget is made of.
+bool IsControl(const QWidget& widget) {
+  return !widget.objectName().isEmpty() && !widget.objectName().startsWith(QStringLiteral("qt_")) && widget.isVisible();
+}
+
+std::string NameOf(const QWidget& widget) { return widget.objectName().toStdString(); }
+
+/// What a person reads on a widget that may carry an access key.
+QString CaptionOf(const QWidget& widget) {
+  if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) return button->text();
+  if (const auto* label = qobject_cast<const QLabel*>(&widget))
+    return label->buddy() == nullptr ? QString() : label->text();
+  if (const auto* box = qobject_cast<const QGroupBox*>(&widget)) return box->title();
+  return {};
+}
+
+TEST_P(AllWindows, TitleAndControlsAreThoseOfTheProgram) {
+  const auto window = Open();
+  const auto& text = GetParam()->text;
+  EXPECT_EQ(window->objectName().toStdString(), text.name);
+  EXPECT_EQ(window->windowTitle().toStdString(), text.title);
+  for (const auto& control : text.controls)
+    EXPECT_NE(window->findChild<QWidget*>(windows::Shown(control.name)), nullptr) << control.name;
+}
+
+TEST_P(AllWindows, EveryControlHasANameToBeReadAloudAndATip) {
+  const auto window = Open();
+  for (const auto* widget : window->findChildren<QWidget*>()) {
+    if (!IsControl(*widget) || widget->focusPolicy() == Qt::NoFocus) continue;
+    if (qobject_cast<const QLabel*>(widget) != nullptr) continue;
+    EXPECT_FALSE(widget->accessibleName().isEmpty()) << NameOf(*widget);
+    EXPECT_FALSE(widget->toolTip().isEmpty()) << NameOf(*widget);
+  }
+}
+
+TEST_P(AllWindows, NoTwoControlsShareAnAccessKey) {
+  const auto window = Open();
+  QMap<QChar, QString> keys;
+  for (const auto* widget : window->findChildren<QWidget*>()) {
+    const auto key = windows::AccessKey(CaptionOf(*widget));
+    // These two captions are the program's own; the key goes from the one to the other.
+    const bool twice = key == QLatin1Char('r') && widget->objectName() == QStringLiteral("cmdRunReport") &&
+                       keys.value(key) == QStringLiteral("cmdRemove");
+    if (key.isNull() || twice) continue;
+    EXPECT_FALSE(keys.contains(key)) << NameOf(*widget) << " and " << keys.value(key).toStdString();
+    keys.insert(key, widget->objectName());
+  }
+}
+
+TEST_P(AllWindows, EveryControlIsReachedByTheTabKey) {
+  const auto window = Open();
+  QStringList met;
+  for (auto* next = window->nextInFocusChain(); next != window.get(); next = next->nextInFocusChain())
+    met += next->objectName();
+  for (const auto* widget : window->findChildren<QWidget*>()) {
+    if (!IsControl(*widget) || (widget->focusPolicy() & Qt::TabFocus) == 0) continue;
+    EXPECT_TRUE(met.contains(widget->objectName())) << NameOf(*widget);
+  }
+}
+
+/// Nothing that a person reads is drawn in less room than it needs.
+void ExpectWhole(const QWidget& window) {
+  for (const auto* widget : window.findChildren<QWidget*>()) {
+    if (!IsControl(*widget)) continue;
+    const auto* label = qobject_cast<const QLabel*>(widget);
+    if (label != nullptr && label->wordWrap()) {
+      EXPECT_GE(label->height(), label->heightForWidth(label->width())) << NameOf(*widget);
+    } else if (label != nullptr || qobject_cast<const QAbstractButton*>(widget) != nullptr ||
+               qobject_cast<const QComboBox*>(widget) != nullptr) {
+      EXPECT_GE(widget->width(), widget->sizeHint().width()) << NameOf(*widget);
+      EXPECT_GE(widget->height(), widget->sizeHint().height()) << NameOf(*widget);
+    } else if (qobject_cast<const QLineEdit*>(widget) != nullptr) {
+      EXPECT_GE(widget->height(), widget->sizeHint().height()) << NameOf(*widget);
+    } else if (qobject_cast<const QListView*>(widget) != nullptr) {
+      EXPECT_GE(widget->height(), 2 * widget->fontMetrics().lineSpacing()) << NameOf(*widget);
+    }
+    const auto inner = widget->parentWidget()->rect();
+    EXPECT_TRUE(inner.contains(widget->geometry())) << NameOf(*widget) << " sticks out";
+  }
+}
+
+TEST_P(AllWindows, NothingIsCutOff) { ExpectWhole(*Open()); }
+
+TEST_P(AllWindows, NothingIsCutOffWithLettersOfTwiceTheSize) {
+  const auto usual = QApplication::font();
+  auto large = usual;
+  large.setPointSizeF(usual.pointSizeF() * 2);
+  QApplication::setFont(large);
+  {
+    const auto window = Open();
+    ExpectWhole(*window);
+    const auto screen = window->screen()->availableSize();
+    EXPECT_LE(window->width(), screen.width());
+    EXPECT_LE(window->height(), screen.height());
+  }
+  QApplication::setFont(usual);
+}
+
+TEST_P(AllWindows, FitsASmallScreen) {
+  const auto window = Open();
+  EXPECT_LE(window->minimumSizeHint().width(), 1366);
+  EXPECT_LE(window->minimumSizeHint().height(), 768 - 60);
+}
+
+TEST_P(AllWindows, EscapeClosesIt) {
+  const auto window = Open();
+  QTest::keyClick(window.get(), Qt::Key_Escape);
+  EXPECT_FALSE(window->isVisible());
+}
+
+std::vector<const windows::WindowEntry*> Entries() {
+  std::vector<const windows::WindowEntry*> entries;
+  for (const auto& entry : windows::WindowTable()) entries.push_back(&entry);
+  return entries;
+}
+
+INSTANTIATE_TEST_SUITE_P(, AllWindows, testing::ValuesIn(Entries()),
+                         [](const auto& param) { return std::string(param.param->text.name); });
+
+TEST_F(DesktopTest, MenusAndToolBarAreThoseOfTheTables) {
+  auto& window = host_.Main();
+  std::size_t menus = 0;
+  for (const auto* action : window.menuBar()->actions()) {
+    ASSERT_LT(menus, std::size(shell::kMainMenu));
+    EXPECT_EQ(action->text().toStdString(), shell::kMainMenu[menus++].text);
+  }
+  EXPECT_EQ(menus, std::size(shell::kMainMenu));
+  for (const auto& button : shell::kToolBar) {
+    auto* widget = window.findChild<QToolButton*>(windows::Shown(button.key));
+    ASSERT_NE(widget, nullptr) << button.key;
+    EXPECT_EQ(widget->accessibleName().toStdString(), button.tip);
+    EXPECT_FALSE(widget->icon().isNull());
+  }
+}
+
+TEST_F(DesktopTest, CommandOfALaterReleaseIsDisabledAndSaysSo) {
+  auto& window = host_.Main();
+  const auto* later = window.findChild<QAction*>(QStringLiteral("mnuNewClient"));
+  EXPECT_FALSE(later->isEnabled());
+  EXPECT_EQ(later->toolTip(), QStringLiteral("Comes with a later release of this program."));
+  EXPECT_TRUE(window.findChild<QAction*>(QStringLiteral("mnuAnnBrief"))->isEnabled());
+}
+
+TEST_F(DesktopTest, MainWindowFitsASmallScreenAndCutsNothingOff) {
+  EXPECT_LE(host_.Main().minimumSizeHint().width(), 1366 / 2);
+  EXPECT_LE(host_.Main().minimumSizeHint().height(), (768 - 60) / 2);
+}
+
+}  // namespace
+}  // namespace orvex::test

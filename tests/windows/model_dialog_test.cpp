@@ -1,0 +1,108 @@
+#include "windows/model_dialog.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QSettings>
+#include <QTest>
+
+#include "windows/desktop_fixture.h"
+#include "windows/pages.h"
+#include "windows/person.h"
+#include "windows/window_table.h"
+
+namespace orvex::test {
+namespace {
+
+const QString kChange = QStringLiteral("FrmChange");
+
+class ModelDialogTest : public DesktopTest {
+ protected:
+  std::unique_ptr<windows::ModelDialog> Open(std::string_view name, QSettings* settings = nullptr) {
+    auto window = windows::FindWindow(name).make({session_, &host_.Main(), settings});
+    window->Prepare();
+    window->show();
+    QCoreApplication::processEvents();
+    return window;
+  }
+
+  Person person_;
+};
+
+TEST_F(ModelDialogTest, PathThatIsNoUtf8AndIsLeftAloneStaysAsItWas) {
+  const auto path = (folder_.Path() / "tank\xff.mdb").string();
+  session_.TankPath = path;
+  person_.Press(kChange, QStringLiteral("cmdOK"));
+  // A path that had come back as other bytes would be opened as a test, and fail it.
+  person_.Answer(QStringLiteral("The database locations were changed."), QStringLiteral("OK"));
+  host_.ShowWindow("FrmChange");
+  EXPECT_TRUE(person_.IsDone());
+  EXPECT_EQ(session_.TankPath, path);
+}
+
+TEST_F(ModelDialogTest, TextThatGetsTheFocusIsSelectedWhole) {
+  const auto window = Open("FrmChange");
+  window->activateWindow();
+  auto& client = Find<QLineEdit>(*window, QStringLiteral("txtClientData"));
+  client.setFocus(Qt::MouseFocusReason);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(client.selectedText().toStdString(), session_.ClientPath);
+}
+
+TEST_F(ModelDialogTest, AccessKeyPressesItsButton) {
+  person_.In(QStringLiteral("Frmmonth"), [](QWidget& window) {
+    QTest::keyClick(&window, Qt::Key_A, Qt::AltModifier);
+    // A button that is pressed by its key stays down for a moment.
+    const auto& run = Find<QPushButton>(window, QStringLiteral("cmdRunReport"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return run.isEnabled(); }, kPatienceMs));
+    QTest::keyClick(&window, Qt::Key_C, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !window.isVisible(); }, kPatienceMs));
+  });
+  host_.ShowWindow("Frmmonth");
+  EXPECT_TRUE(person_.IsDone());
+}
+
+TEST_F(ModelDialogTest, F1OpensTheHelpOfTheWindow) {
+  session_.help_file = ORVEX_HELP_FILE;
+  person_.In(QStringLiteral("Frmmonth"), [](QWidget& window) {
+    QTest::keyClick(&window, Qt::Key_F1);
+    bool shown = false;
+    for (const auto* other : QApplication::topLevelWidgets())
+      shown = shown || (other->objectName() == QStringLiteral("help_window") && other->isVisible());
+    EXPECT_TRUE(shown);
+    Click(Find<QPushButton>(window, QStringLiteral("cmdClose")));
+  });
+  host_.ShowWindow("Frmmonth");
+  EXPECT_TRUE(person_.IsDone());
+}
+
+TEST_F(ModelDialogTest, WindowComesBackInTheSizeItWasLeftIn) {
+  QSettings settings(QString::fromStdString((folder_.Path() / "windows.ini").string()), QSettings::IniFormat);
+  const QSize wanted = Open("Frmtankrep", &settings)->sizeHint() + QSize(60, 40);
+  {
+    const auto window = Open("Frmtankrep", &settings);
+    window->resize(wanted);
+    window->reject();
+  }
+  EXPECT_EQ(Open("Frmtankrep", &settings)->size(), wanted);
+}
+
+TEST_F(ModelDialogTest, WindowLargerThanTheScreenScrolls) {
+  const auto usual = QApplication::font();
+  auto huge = usual;
+  huge.setPointSizeF(usual.pointSizeF() * 4);
+  QApplication::setFont(huge);
+  {
+    const auto window = Open("Frmtankrep");
+    EXPECT_LE(window->width(), window->screen()->availableSize().width());
+    EXPECT_LE(window->height(), window->screen()->availableSize().height());
+    EXPECT_TRUE(Find<QPushButton>(*window, QStringLiteral("cmdRunReport")).isVisible());
+  }
+  QApplication::setFont(usual);
+}
+
+}  // namespace
+}  // namespace orvex::test

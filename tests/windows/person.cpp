@@ -1,0 +1,150 @@
+#include "windows/person.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QListView>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+#include <utility>
+
+#include "windows/pages.h"
+
+namespace orvex::test {
+namespace {
+
+constexpr int kLookEveryMs = 15;
+
+void ReadAndPress(QWidget& window, const QString& button) {
+  for (auto* candidate : window.findChildren<QAbstractButton*>())
+    if (candidate->text().remove(QLatin1Char('&')) == button) return Click(*candidate);
+  ADD_FAILURE() << "the message has no button " << button.toStdString();
+}
+
+QString TextOf(QWidget& window) {
+  auto* message = qobject_cast<QMessageBox*>(&window);
+  return message == nullptr ? QString() : message->text();
+}
+
+}  // namespace
+
+QWidget* TopWindow() {
+  if (auto* modal = QApplication::activeModalWidget()) return modal;
+  for (auto* window : QApplication::topLevelWidgets())
+    if (window->objectName() == QStringLiteral("MDIForm1") && window->isVisible()) return window;
+  return nullptr;
+}
+
+Person::Person() {
+  QTimer::singleShot(kLookEveryMs, this, [this] { Look(); });
+}
+
+Person::~Person() {
+  for (const auto& plan : plans_) ADD_FAILURE() << "never came to " << plan.window.toStdString();
+}
+
+void Person::In(const QString& window, Deed deed) { plans_.push_back({window, std::move(deed)}); }
+
+void Person::Press(const QString& window, const QString& button) {
+  In(window, [button](QWidget& found) { Click(Find<QAbstractButton>(found, button)); });
+}
+
+void Person::Answer(const QString& text, const QString& button) {
+  In(QStringLiteral("message"), [text, button](QWidget& window) {
+    EXPECT_EQ(TextOf(window).toStdString(), text.toStdString());
+    ReadAndPress(window, button);
+  });
+}
+
+void Person::AnswerEnding(const QString& ending, const QString& button) {
+  In(QStringLiteral("message"), [ending, button](QWidget& window) {
+    EXPECT_TRUE(TextOf(window).endsWith(ending)) << TextOf(window).toStdString();
+    ReadAndPress(window, button);
+  });
+}
+
+void Person::Choose(const QString& command) {
+  In(QStringLiteral("MDIForm1"), [command](QWidget& window) {
+    auto* action = window.findChild<QAction*>(command);
+    ASSERT_NE(action, nullptr) << command.toStdString();
+    EXPECT_TRUE(action->isEnabled()) << command.toStdString();
+    action->trigger();
+  });
+}
+
+void Person::NameFile(const QString& title, const QString& path) {
+  In(QStringLiteral("file_dialog"), [title, path](QWidget& window) {
+    EXPECT_EQ(window.windowTitle().toStdString(), title.toStdString());
+    auto& dialog = dynamic_cast<QFileDialog&>(window);
+    auto& name = Find<QLineEdit>(window, QStringLiteral("fileNameEdit"));
+    dialog.activateWindow();
+    name.setFocus();
+    // The dialog reads the folder meanwhile, and marks the file that it was opened with when it comes to it.
+    const auto is_named = [&] {
+      if (name.hasFocus() && dialog.selectedFiles() == QStringList(path)) return true;
+      name.clear();
+      name.setText(path);
+      return false;
+    };
+    EXPECT_TRUE(QTest::qWaitFor(is_named, kPatienceMs / 4)) << "cannot name " << path.toStdString();
+    QTest::keyClick(&name, Qt::Key_Return);
+  });
+}
+
+void Person::Look() {
+  // A deed may open a window and come back when that is closed; looking on is not its business.
+  QTimer::singleShot(kLookEveryMs, this, [this] { Look(); });
+  auto* top = TopWindow();
+  if (plans_.empty() || top == nullptr || !top->isVisible() || top->objectName() != plans_.front().window) {
+    waited_ms_ += kLookEveryMs;
+    if (waited_ms_ > kPatienceMs / 2) GiveUp();
+    return;
+  }
+  waited_ms_ = 0;
+  const auto plan = std::move(plans_.front());
+  plans_.pop_front();
+  try {
+    plan.deed(*top);
+  } catch (const std::exception& fault) {
+    ADD_FAILURE() << fault.what();
+    GiveUp();
+  }
+}
+
+void Person::GiveUp() {
+  const auto* top = TopWindow();
+  if (!plans_.empty()) ADD_FAILURE() << "waiting for " << plans_.front().window.toStdString();
+  ADD_FAILURE() << "what is there: " << (top == nullptr ? "nothing" : top->objectName().toStdString());
+  plans_.clear();
+  waited_ms_ = 0;
+  while (auto* modal = qobject_cast<QDialog*>(QApplication::activeModalWidget())) modal->QDialog::done(0);
+  QCoreApplication::quit();
+}
+
+void Click(QWidget& widget) { QTest::mouseClick(&widget, Qt::LeftButton); }
+
+void Write(QWidget& window, const QString& line, const QString& text) {
+  auto& found = Find<QLineEdit>(window, line);
+  found.setFocus();
+  found.selectAll();
+  QTest::keyClicks(&found, text);
+}
+
+void SelectRows(QWidget& window, const QString& list, const std::vector<int>& rows) {
+  auto& view = Find<QListView>(window, list);
+  Qt::KeyboardModifiers with = Qt::NoModifier;
+  for (const int row : rows) {
+    const auto index = view.model()->index(row, 0);
+    view.scrollTo(index);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, with, view.visualRect(index).center());
+    with = Qt::ControlModifier;
+  }
+}
+
+}  // namespace orvex::test
