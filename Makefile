@@ -54,9 +54,10 @@ test: ## All that a change must pass: both compilers, sanitizers, decimal comma,
 bench: ## Time calculation runs, with options BENCH="..." (--help names them)
 	@$(SETUP) build test
 	@cmake --preset release >/dev/null
-	@cmake --build --preset release --target orvex-bench databases
+	@cmake --build --preset release --target orvex-bench orvex-window-bench databases
 	@mkdir -p $(release)/bench/run
 	@$(release)/bench/orvex-bench --reference $(reference) --folder $(release)/bench/run $(BENCH)
+	@$(release)/bench/orvex-window-bench $(reference) $(release)/bench/run
 
 format: ## Format the C++ files in place
 	@$(SETUP) lint
