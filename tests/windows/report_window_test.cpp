@@ -408,7 +408,8 @@ TEST_F(ReportWindowTest, TheDeliveredPageIsFoundInCopiedAndSaved) {
   QApplication::clipboard()->clear();
   EXPECT_EQ(Ended(*window, [&] { Action(*window, "copy_table").trigger(); }), "");
   const auto* copied = QApplication::clipboard()->mimeData();
-  EXPECT_TRUE(copied->text().contains(QStringLiteral("Acetone\t1,000.25"))) << copied->text().toStdString();
+  EXPECT_TRUE(copied->text().contains(QStringLiteral("T-1\tHorizontal Tank\t1,000.25")))
+      << copied->text().toStdString();
   EXPECT_TRUE(copied->html().contains(QStringLiteral("1,000.25"))) << copied->html().toStdString();
   const auto file = folder_.Path() / "saved.pdf";
   EXPECT_EQ(Ended(*window, [&] { window->SavePdfAs(QString::fromStdString(file.string())); }), "");
