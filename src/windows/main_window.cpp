@@ -36,6 +36,13 @@ constexpr int kProgressLetters = 16;
 
 QString Name(std::string_view name) { return QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size())); }
 
+/// Reports and help go with the main window. A report that is being printed ends that first, and keeps none of the
+/// others, as it would where the toolkit closes all.
+void CloseVisibleWindows() {
+  for (auto* window : QApplication::topLevelWidgets())
+    if (window->isVisible()) window->close();
+}
+
 }  // namespace
 
 MainWindow::MainWindow(shell::Session& session, QSettings* settings)
@@ -164,8 +171,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   }
   if (settings_ != nullptr) settings_->setValue(kGeometryKey, saveGeometry());
   event->accept();
-  // Reports and help go with it; one that is being printed ends that first.
-  QTimer::singleShot(0, this, &QApplication::closeAllWindows);
+  QTimer::singleShot(0, this, CloseVisibleWindows);
 }
 
 void MainWindow::changeEvent(QEvent* event) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QEventLoopLocker>
 #include <QMainWindow>
 #include <QPrinter>
 #include <filesystem>
@@ -70,6 +71,8 @@ class ReportWindow : public QMainWindow {
   Paper paper_ = Paper::kLetter;
   bool busy_ = false;
   bool closing_ = false;
+  /// A hidden window does not end the program when it goes. This does, if no other window is left.
+  QEventLoopLocker program_goes_on_;
   std::unique_ptr<SheetPrinter> sheets_;  ///< while it prints
   ReportPage page_;
   QStackedWidget* middle_;

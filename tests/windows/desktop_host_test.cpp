@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <array>
 
 #include "support/expect_error.h"
 #include "windows/desktop_fixture.h"
@@ -143,6 +144,24 @@ TEST_F(DesktopHostTest, ClosingTheMainWindowRunsTheClosingSequence) {
   EXPECT_FALSE(host_.Main().isVisible());
   EXPECT_TRUE(session_.ended);
   EXPECT_EQ(session_.ClientDb, nullptr);
+}
+
+/// A report that is being printed.
+class BusyWindow : public QWidget {
+ protected:
+  void closeEvent(QCloseEvent* event) override { event->ignore(); }
+};
+
+TEST_F(DesktopHostTest, ReportThatIsBusyKeepsNoOtherWindowFromGoingWithTheMainOne) {
+  BusyWindow busy;
+  std::array<QWidget, 4> others;
+  busy.show();
+  for (auto& other : others) other.show();
+  person_.Answer(QStringLiteral("Do you want to backup your data now?"), QStringLiteral("No"));
+  host_.Main().close();
+  QCoreApplication::processEvents();
+  for (const auto& other : others) EXPECT_FALSE(other.isVisible());
+  EXPECT_TRUE(busy.isVisible());
 }
 
 }  // namespace

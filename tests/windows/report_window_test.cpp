@@ -372,6 +372,18 @@ TEST_F(ReportWindowTest, ClosedWhileItSavesItSavesFirst) {
   EXPECT_EQ(test::ReadPdf(file).pages, 3);
 }
 
+TEST_F(ReportWindowTest, ClosedAsTheLastOneWhileItSavesItEndsTheProgramWhenItHasSaved) {
+  auto window = Open(WriteReport());
+  const auto file = folder_.Path() / "saved.pdf";
+  window->SavePdfAs(QString::fromStdString(file.string()));
+  window->close();
+  ASSERT_FALSE(window->isVisible());
+  QTimer::singleShot(test::kPatienceMs / 4, window, [] { QApplication::exit(1); });
+  EXPECT_EQ(QApplication::exec(), 0);
+  EXPECT_TRUE(window.isNull());
+  EXPECT_EQ(test::ReadPdf(file).pages, 3);
+}
+
 TEST_F(ReportWindowTest, RemembersItsSizeAndPaperWhereItIsGivenAPlace) {
   QSettings settings(QString::fromStdString((folder_.Path() / "settings.ini").string()), QSettings::IniFormat);
   const auto page = WriteReport();
