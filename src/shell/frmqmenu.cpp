@@ -86,10 +86,16 @@ Frmqmenu OpenFrmqmenu(Session& session) {
 void ChooseCreate(Session& session, Frmqmenu& model) { Choose(session, model, true); }
 void ChooseOpen(Session& session, Frmqmenu& model) { Choose(session, model, false); }
 
-void PickTank(Session& session, Frmqmenu& model, std::size_t item) {
-  model.dblstTanks.selected = {item};
+void UnpickTank(Session& session, Frmqmenu& model) {
+  model.dblstTanks.selected.clear();
   model.txtID.text.clear();
   model.txtTankType.text.clear();
+  UpdateOK(session, model);
+}
+
+void PickTank(Session& session, Frmqmenu& model, std::size_t item) {
+  UnpickTank(session, model);
+  model.dblstTanks.selected = {item};
   Trapped(session, kRoutine, [&] {
     auto tank = session.ClientDb->OpenAt("tank", "USER ID", {model.dblstTanks.items.at(item)});
     model.txtID.text = fmt::to_string(tank.Long("ID"));

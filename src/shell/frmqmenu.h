@@ -45,6 +45,8 @@ void ChooseOpen(Session& session, Frmqmenu& model);
 
 /// A click on an item of the list of tanks.
 void PickTank(Session& session, Frmqmenu& model, std::size_t item);
+/// No item of the list of tanks is selected any more.
+void UnpickTank(Session& session, Frmqmenu& model);
 /// A double click: the tank is opened at once.
 void OpenTank(Session& session, Frmqmenu& model, std::size_t item);
 

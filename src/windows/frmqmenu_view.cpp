@@ -22,7 +22,7 @@ class FrmqmenuView : public ModelView<shell::Frmqmenu> {
                            Do(shell::PickType), Do(shell::CreateTank));
     auto* open = MakeOption("optOpen", model_.optOpen, Do(shell::ChooseOpen));
     auto* tanks = MakeList("dblstTanks", model_.dblstTanks, TextList::Choice::kOne, TextList::Find::kYes,
-                           Do(shell::PickTank), Do(shell::OpenTank));
+                           Do(shell::PickTank), Do(shell::OpenTank), Do(shell::UnpickTank));
     auto* ok = MakeButton("cmdOK", model_.cmdOK, Do(shell::ClickOK));
     AlsoDraw([this, ok] {
       ok->setToolTip(PlainToolTip(Shown(model_.cmdOKTip)));

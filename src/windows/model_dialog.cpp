@@ -151,7 +151,7 @@ QComboBox* ModelDialog::MakeComboBox(std::string_view name, shell::ComboBox& rec
 }
 
 TextList* ModelDialog::MakeList(std::string_view name, shell::ListBox& record, TextList::Choice choice,
-                                TextList::Find find, ItemAction picked, ItemAction double_clicked) {
+                                TextList::Find find, ItemAction picked, ItemAction double_clicked, Action emptied) {
   auto* list = new TextList(Name(name), choice, find, this);
   Dress(list->View(), name);
   if (auto* line = list->FindLine(); line != nullptr) {
@@ -159,9 +159,9 @@ TextList* ModelDialog::MakeList(std::string_view name, shell::ListBox& record, T
     line->setToolTip(PlainToolTip(tip));
     line->setAccessibleName(tip);
   }
-  connect(list, &TextList::SelectionChanged, this, [this, list, &record] {
+  connect(list, &TextList::SelectionChanged, this, [this, list, &record, emptied = std::move(emptied)] {
     record.selected = list->Selected();
-    Act({});
+    Act(record.selected.empty() ? emptied : Action());
   });
   const auto bind = [this](ItemAction action) {
     return [this, action = std::move(action)](std::size_t item) {

@@ -69,8 +69,9 @@ class ModelDialog : public QDialog {
   QRadioButton* MakeOption(std::string_view name, shell::OptionButton& record, Action chosen);
   QLineEdit* MakeTextBox(std::string_view name, shell::TextBox& record, Action edited);
   QComboBox* MakeComboBox(std::string_view name, shell::ComboBox& record, Action chosen);
+  /// @param emptied for when nothing is selected any more
   TextList* MakeList(std::string_view name, shell::ListBox& record, TextList::Choice choice, TextList::Find find,
-                     ItemAction picked, ItemAction double_clicked);
+                     ItemAction picked, ItemAction double_clicked, Action emptied = {});
   QGroupBox* MakeFrame(std::string_view name, const shell::Frame& record);
 
   /// The caption of a control that carries none itself; its access key leads to the control.

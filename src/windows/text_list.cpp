@@ -62,7 +62,7 @@ int TextListModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant TextListModel::data(const QModelIndex& index, int role) const {
-  if (role != Qt::DisplayRole || index.row() >= static_cast<int>(shown_.size())) return {};
+  if (role != Qt::DisplayRole || !index.isValid() || index.row() >= static_cast<int>(shown_.size())) return {};
   return Shown(items_[ItemOf(index.row())]);
 }
 
@@ -104,6 +104,13 @@ TextList::TextList(const QString& name, Choice choice, Find find, QWidget* paren
   // The selection is told before the current item: of one that is both, the selection comes first.
   connect(view_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this, choice] {
     if (drawing_) return;
+    // A click with Ctrl would leave a list without the one that is to be selected in it.
+    if (choice == Choice::kOne && view_->currentIndex().isValid() && Selected().empty()) {
+      drawing_ = true;
+      view_->selectionModel()->select(view_->currentIndex(), QItemSelectionModel::ClearAndSelect);
+      drawing_ = false;
+      return;
+    }
     Q_EMIT SelectionChanged();
     if (const auto selected = Selected(); choice == Choice::kOne && !selected.empty()) Q_EMIT Picked(selected.front());
   });

@@ -119,6 +119,18 @@ TEST_F(QuickMenu, PickingATankNotesItsIdAndType) {
   EXPECT_TRUE(called.empty()) << "only a double click opens it at once";
 }
 
+TEST_F(QuickMenu, WithNoTankSelectedAnyMoreOKCannotBePressed) {
+  AddTankEntry();
+  auto menu = OpenFrmqmenu(session_);
+  ChooseOpen(session_, menu);
+  PickTank(session_, menu, 1);
+  UnpickTank(session_, menu);
+  EXPECT_TRUE(menu.dblstTanks.selected.empty());
+  EXPECT_TRUE(menu.txtID.text.empty());
+  EXPECT_TRUE(menu.txtTankType.text.empty());
+  EXPECT_FALSE(menu.cmdOK.enabled);
+}
+
 TEST_F(QuickMenu, DoubleClickOnATankOpensIt) {
   AddTankEntry();
   auto menu = OpenFrmqmenu(session_);

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScreen>
 #include <QSettings>
 #include <QTest>
@@ -77,6 +78,17 @@ TEST_F(ModelDialogTest, F1OpensTheHelpOfTheWindow) {
   });
   host_.ShowWindow("Frmmonth");
   EXPECT_TRUE(person_.IsDone());
+}
+
+TEST_F(ModelDialogTest, TankThatTheFindLineHidesIsNotOpened) {
+  session_.editRecord = [](shell::Session&, std::int32_t, const std::string&) {};
+  const auto window = Open("frmqmenu");
+  Click(Find<QRadioButton>(*window, QStringLiteral("optOpen")));
+  SelectRows(*window, QStringLiteral("dblstTanks"), {0});
+  const auto& ok = Find<QPushButton>(*window, QStringLiteral("cmdOK"));
+  EXPECT_TRUE(ok.isEnabled());
+  Write(*window, QStringLiteral("dblstTanksFind"), QStringLiteral("no such tank"));
+  EXPECT_FALSE(ok.isEnabled());
 }
 
 TEST_F(ModelDialogTest, WindowComesBackInTheSizeItWasLeftIn) {

@@ -64,6 +64,28 @@ TEST_F(TextListTest, FirstMatchIsSelectedWhereOneIsAlwaysSelected) {
   EXPECT_EQ(picked.count(), 1);
 }
 
+TEST_F(TextListTest, NothingIsSelectedWhereNothingIsFound) {
+  TextList list(QStringLiteral("dblstTanks"), TextList::Choice::kOne, TextList::Find::kYes, nullptr);
+  record_.selected = {0};
+  list.Draw(record_);
+  const QSignalSpy told(&list, &TextList::SelectionChanged);
+  list.FindLine()->setText(QStringLiteral("east"));
+  EXPECT_TRUE(list.Selected().empty());
+  EXPECT_EQ(told.count(), 1);
+}
+
+TEST_F(TextListTest, ClickWithCtrlLeavesOneSelectedWhereOneAlwaysIs) {
+  TextList list(QStringLiteral("lstTankTypes"), TextList::Choice::kOne, TextList::Find::kNo, nullptr);
+  record_.selected = {1};
+  list.Draw(record_);
+  list.show();
+  const QSignalSpy told(&list, &TextList::SelectionChanged);
+  const auto place = list.View()->visualRect(list.View()->model()->index(1, 0)).center();
+  QTest::mouseClick(list.View()->viewport(), Qt::LeftButton, Qt::ControlModifier, place);
+  EXPECT_EQ(list.Selected(), (std::vector<std::size_t>{1}));
+  EXPECT_EQ(told.count(), 0);
+}
+
 TEST_F(TextListTest, DrawingTellsNothingAndKeepsTheSelectionOfTheRecord) {
   const QSignalSpy told(&list_, &TextList::SelectionChanged);
   record_.selected = {0, 1, 3};
