@@ -44,6 +44,7 @@ class FrmqmenuView : public ModelView<shell::Frmqmenu> {
     grid->setColumnStretch(1, 1);
     grid->setHorizontalSpacing(fontMetrics().averageCharWidth() * 3);
     auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(grid->verticalSpacing());
     buttons->addStretch(1);
     buttons->addWidget(ok);
     buttons->addWidget(cancel);
