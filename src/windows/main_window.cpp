@@ -17,7 +17,6 @@
 
 #include "shell/command.h"
 #include "shell/start_up.h"
-#include "shell/status.h"
 #include "windows/backdrop.h"
 #include "windows/display_text.h"
 #include "windows/elided_label.h"
@@ -54,7 +53,7 @@ MainWindow::MainWindow(shell::Session& session, QSettings* settings)
       tank_path_(new ElidedLabel(QStringLiteral("staMainTank"), tr("Tank database"), this)),
       client_path_(new ElidedLabel(QStringLiteral("staMainClient"), tr("Client database"), this)) {
   setObjectName(QStringLiteral("MDIForm1"));
-  setWindowTitle(Shown(std::string(shell::kApplicationTitle) + " " + std::string(shell::kVersion)));
+  setWindowTitle(Shown(shell::kMainWindowTitle));
   setWindowIcon(ProgramIcon());
   for (const auto& entry : shell::kMainMenu) {
     auto* menu = menuBar()->addMenu(Shown(entry.text));

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QMap>
+#include <QMenu>
 #include <QMenuBar>
 #include <QScrollArea>
 #include <QTest>
@@ -151,14 +152,26 @@ std::vector<const windows::WindowEntry*> Entries() {
 INSTANTIATE_TEST_SUITE_P(, AllWindows, testing::ValuesIn(Entries()),
                          [](const auto& param) { return std::string(param.param->text.name); });
 
-TEST_F(DesktopTest, MenusAndToolBarAreThoseOfTheTables) {
-  auto& window = host_.Main();
-  std::size_t menus = 0;
-  for (const auto* action : window.menuBar()->actions()) {
-    ASSERT_LT(menus, std::size(shell::kMainMenu));
-    EXPECT_EQ(action->text().toStdString(), shell::kMainMenu[menus++].text);
+/// Texts, names, separators and menus below, all in their order.
+void ExpectEntries(const QList<QAction*>& actions, std::span<const shell::MenuEntry> entries) {
+  ASSERT_EQ(static_cast<std::size_t>(actions.size()), entries.size());
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    const auto& action = *actions[static_cast<qsizetype>(i)];
+    const auto& entry = entries[i];
+    EXPECT_EQ(action.isSeparator(), entry.IsSeparator());
+    EXPECT_EQ(action.text().toStdString(), entry.text);
+    ASSERT_EQ(action.menu() != nullptr, entry.IsMenu()) << entry.text;
+    if (entry.IsMenu()) {
+      ExpectEntries(action.menu()->actions(), entry.entries);
+    } else {
+      EXPECT_EQ(action.objectName().toStdString(), entry.control);
+    }
   }
-  EXPECT_EQ(menus, std::size(shell::kMainMenu));
+}
+
+TEST_F(DesktopTest, MenusAndToolBarAreThoseOfTheTables) {
+  const auto& window = host_.Main();
+  ExpectEntries(window.menuBar()->actions(), shell::kMainMenu);
   for (const auto& button : shell::kToolBar) {
     auto* widget = window.findChild<QToolButton*>(windows::Shown(button.key));
     ASSERT_NE(widget, nullptr) << button.key;
