@@ -9,10 +9,12 @@
 #include <QTest>
 #include <QTimer>
 #include <array>
+#include <stdexcept>
 
 #include "support/expect_error.h"
 #include "windows/desktop_fixture.h"
 #include "windows/elided_label.h"
+#include "windows/guarded.h"
 #include "windows/input_gate.h"
 #include "windows/person.h"
 
@@ -81,6 +83,31 @@ TEST_F(DesktopHostTest, FileDialogOpensInTheFolderWithTitleFilterAndName) {
   person_.NameFile(QStringLiteral("Locate"), file);
   EXPECT_EQ(host_.OpenFile({"Locate", "tankdata.mdb", folder_.Path().string(), "Databases (*.mdb) |*.mdb|", ""}),
             file.toStdString());
+}
+
+TEST_F(DesktopHostTest, PrinterSetupPrintsNothing) {
+  person_.In(QStringLiteral("printer_setup"), [](QWidget& window) {
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Printer Setup"));
+    for (const auto* button : window.findChildren<QPushButton*>())
+      EXPECT_FALSE(button->text().contains(QStringLiteral("Print"))) << button->text().toStdString();
+    QTest::keyClick(&window, Qt::Key_Escape);
+  });
+  host_.ShowPrinterSetup();
+  EXPECT_TRUE(person_.IsDone());
+}
+
+TEST_F(DesktopHostTest, UnexpectedFaultIsToldAndEndsItsCommandOnly) {
+  host_.SetPointer(shell::Pointer::kBusy);
+  person_.Answer(QStringLiteral("out of <b>order</b>"), QStringLiteral("OK"));
+  windows::Guarded(session_, [] { throw std::runtime_error("out of <b>order</b>"); });
+  EXPECT_TRUE(person_.IsDone());
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(DesktopHostTest, InterruptedCommandEndsReadyWithoutAWord) {
+  host_.SetStatusText("Processing, please wait...");
+  windows::Guarded(session_, [] { throw shell::Interrupted(); });
+  EXPECT_EQ(Find<windows::ElidedLabel>(host_.Main(), QStringLiteral("staMainStatus")).Text(), QStringLiteral("Ready"));
 }
 
 TEST_F(DesktopHostTest, PathThatHoldsMarkupIsShownWholeInTheToolTip) {

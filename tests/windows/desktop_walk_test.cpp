@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QMainWindow>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <filesystem>
@@ -130,6 +131,18 @@ TEST_F(DesktopWalk, MovedTankDatabaseIsAskedForAndItsNewPlaceKept) {
   Leave();
   Run();
   EXPECT_EQ(Setting(shell::kTankKey), elsewhere.string());
+}
+
+TEST_F(DesktopWalk, FileThatCannotBePutInPlaceIsToldAndTheStartGoesOn) {
+  const auto page = Places().application_folder / "briefdisplay.htm";
+  fs::create_directories(page / "in the way");
+  person_.In(QStringLiteral("message"), [&](QWidget& window) {
+    EXPECT_TRUE(dynamic_cast<QMessageBox&>(window).text().contains(Text(page)));
+    window.close();
+  });
+  ComeToMenus();
+  Leave();
+  Run();
 }
 
 TEST_F(DesktopWalk, ExitInTheLocateWindowEndsTheProgramAtOnce) {
