@@ -8,6 +8,7 @@
 
 #include <cerrno>
 #include <chrono>
+#include <csignal>
 #include <string>
 #include <system_error>
 #include <thread>
@@ -111,6 +112,9 @@ void RequireUnused(const fs::path& path) {
   const Descriptor file(open(path.c_str(), O_RDWR | O_CLOEXEC));
   // Who may not write is told so when the database is opened.
   if (file.Number() < 0) return;
+  // Somebody who opens the file meanwhile is told of to this program by a signal, which must not be the usual one: that
+  // ends programs.
+  if (fcntl(file.Number(), F_SETSIG, SIGURG) != 0) return;
   for (int attempt = 0; fcntl(file.Number(), F_SETLEASE, F_WRLCK) != 0; ++attempt) {
     if (errno != EAGAIN) return;
     if (attempt == kAttempts) ThrowLocked(path);

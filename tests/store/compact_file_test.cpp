@@ -1,7 +1,9 @@
 #include "store/compact_file.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
@@ -12,6 +14,7 @@
 #include "store/database.h"
 #include "store/raw_file.h"
 #include "store/run_time_error.h"
+#include "support/child_process.h"
 #include "support/expect_error.h"
 #include "support/file_content.h"
 #include "support/file_size_limit.h"
@@ -145,6 +148,27 @@ TEST_F(CompactFileTest, AProgramThatLetsGoOfTheFileSoonIsWaitedFor) {
   });
   EXPECT_NO_THROW(CompactFile(path));
   other.join();
+  ExpectTanks(path);
+}
+
+TEST_F(CompactFileTest, AProgramThatOpensTheFileAgainAndAgainDoesNotEndThisOne) {
+  test::ChildProcess other([&] {
+    while (true) close(open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    return 0;
+  });
+  test::ChildProcess compacting([&] {
+    for (int i = 0; i < 20; ++i) {
+      try {
+        CompactFile(path);
+      } catch (const RunTimeError& error) {
+        // The other one may be in the file at every attempt.
+        EXPECT_EQ(error.Number(), ErrorNumber::kFileLocked) << error.Description();
+      }
+    }
+    return 0;
+  });
+  EXPECT_EQ(compacting.Wait(), 0);
+  EXPECT_TRUE(other.Kill());
   ExpectTanks(path);
 }
 
