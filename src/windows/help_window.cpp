@@ -258,8 +258,7 @@ void HelpWindow::ConnectPage() {
 void HelpWindow::Open() {
   if (!collection_->Fault().isEmpty()) {
     panes_->setEnabled(false);
-    for (auto* action : findChildren<QAction*>())
-      if (action->objectName() != QStringLiteral("close")) action->setEnabled(false);
+    for (const auto& command : kCommands) findChild<QAction*>(QLatin1String(command.name))->setEnabled(false);
     return Tell(collection_->Fault());
   }
   auto& engine = collection_->Engine();

@@ -11,6 +11,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QPushButton>
@@ -217,6 +218,8 @@ TEST_F(HelpWindowTest, TellsOfAFileThatIsNotThere) {
   EXPECT_EQ(Fault(window), "The help file '" + file.string() + "' is not there.");
   EXPECT_FALSE(Find<QAction>(window, "find").isEnabled());
   EXPECT_TRUE(Find<QAction>(window, "close").isEnabled());
+  // A menu that is disabled would take its commands and their keys with it.
+  EXPECT_TRUE(window.menuBar()->actions().front()->isEnabled());
 }
 
 TEST_F(HelpWindowTest, TellsOfAFileThatIsNoHelp) {
