@@ -5,7 +5,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <cstddef>
 #include <cstdlib>
 #include <system_error>
 
@@ -27,6 +29,9 @@ constexpr const char* kFilledMark = ".filled";
 constexpr std::string_view kDatabases[] = {kReferenceFile, kClientFile};
 /// What only a first start writes.
 constexpr std::string_view kFirstStartFiles[] = {kReferenceFile, kClientFile, kFilledMark};
+
+/// A folder that takes nothing fails for every file, more than a message on a screen has room for.
+constexpr std::size_t kToldFailures = 5;
 
 /// A folder of files that belong to the program.
 struct ProgramFolder {
@@ -147,6 +152,15 @@ fs::path ApplicationFolder(const PersonFolders& person) {
 
 Filling FillApplicationFolder(const fs::path& folder, const fs::path& program) {
   return Filler(folder, program).Fill();
+}
+
+std::string FailureText(const Filling& filling) {
+  if (filling.failures.empty()) return {};
+  std::string text = "Not all files of the program could be put into their folder:\n";
+  const auto told = std::min(filling.failures.size(), kToldFailures);
+  for (std::size_t i = 0; i < told; ++i) text += "\n" + filling.failures[i].Description();
+  if (const auto others = filling.failures.size() - told; others > 0) text += fmt::format("\nAnd {} more.", others);
+  return text;
 }
 
 }  // namespace orvex::shell

@@ -42,4 +42,7 @@ struct Filling {
 /// ones under names of their own; the next start removes these and goes on. Two programs may do it at once.
 Filling FillApplicationFolder(const std::filesystem::path& folder, const std::filesystem::path& program);
 
+/// The failures as a person reads them: the first ones, and how many there are besides. Empty if there are none.
+std::string FailureText(const Filling& filling);
+
 }  // namespace orvex::shell

@@ -30,10 +30,8 @@ void AddCommands(shell::Session& session) {
 
 /// The program may work without a file that could not be put in place, so it goes on.
 void FillFolder(shell::Session& session, const std::filesystem::path& program) {
-  const auto filling = shell::FillApplicationFolder(session.application_folder, program);
-  if (filling.failures.empty()) return;
-  std::string text = "Not all files of the program could be put into their folder:\n";
-  for (const auto& failure : filling.failures) text += "\n" + failure.Description();
+  const auto text = shell::FailureText(shell::FillApplicationFolder(session.application_folder, program));
+  if (text.empty()) return;
   session.host.ShowMessage(text, std::string(shell::kApplicationTitle), shell::Buttons::kOk, shell::Icon::kExclamation);
 }
 

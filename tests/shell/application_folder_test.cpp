@@ -234,6 +234,22 @@ TEST_F(ApplicationFolderTest, AFolderThatTakesNothingIsNamed) {
   EXPECT_TRUE(filling.added.empty());
 }
 
+TEST_F(ApplicationFolderTest, OfManyFailuresTheFirstAreToldAndTheOthersCounted) {
+  Filling filling;
+  EXPECT_EQ(FailureText(filling), "");
+  const auto fail = [&](int number) {
+    filling.failures.emplace_back(ErrorNumber::kDiskFailure, "No " + std::to_string(number) + ".");
+  };
+  fail(1);
+  EXPECT_EQ(FailureText(filling), "Not all files of the program could be put into their folder:\n\nNo 1.");
+  for (int i = 2; i <= 5; ++i) fail(i);
+  const std::string five =
+      "Not all files of the program could be put into their folder:\n\nNo 1.\nNo 2.\nNo 3.\nNo 4.\nNo 5.";
+  EXPECT_EQ(FailureText(filling), five);
+  for (int i = 6; i <= 24; ++i) fail(i);
+  EXPECT_EQ(FailureText(filling), five + "\nAnd 19 more.");
+}
+
 TEST_F(ApplicationFolderTest, ALinkToAFolderWillDo) {
   fs::create_directories(root_ / "elsewhere");
   fs::create_directories(folder_.parent_path());
