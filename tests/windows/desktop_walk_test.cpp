@@ -153,6 +153,19 @@ TEST_F(DesktopWalk, ExitInTheLocateWindowEndsTheProgramAtOnce) {
   EXPECT_EQ(FileContent(Client()), "no database");
 }
 
+TEST_F(DesktopWalk, FolderThatCannotBeFilledIsToldAndTheStartGoesOn) {
+  const auto folder = Places().application_folder;
+  fs::remove(folder);
+  WriteFile(folder, "a file");
+  person_.Answer(QStringLiteral("Not all files of the program could be put into their folder:\n\n'%1' is not a folder.")
+                     .arg(Text(folder)),
+                 QStringLiteral("OK"));
+  ComeToQuickMenu();
+  person_.Press(QStringLiteral("Frmtankdata"), QStringLiteral("cmdExit"));
+  Run();
+  EXPECT_EQ(FileContent(folder), "a file");
+}
+
 TEST_F(DesktopWalk, ClientDatabaseIsChangedByTheFileDialog) {
   const auto other = folder_.Path() / "other.mdb";
   fs::copy_file(ORVEX_SAMPLE_DATABASE, other);
