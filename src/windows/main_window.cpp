@@ -32,6 +32,8 @@ constexpr double kIconLines = 1.9;  ///< height of the tool bar's icons in lines
 /// A progress bar counts in `int`; a run's tanks times periods fit in here after scaling.
 constexpr int kProgressSteps = 1000;
 constexpr int kProgressLetters = 16;
+/// What the status text is to have room for; longer ones hold a path.
+const QString kLongStatus = QStringLiteral("Changing locations, please wait...");
 
 QString Name(std::string_view name) { return QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size())); }
 
@@ -119,6 +121,8 @@ void MainWindow::MakeStatusLine() {
   progress_->setRange(0, kProgressSteps);
   progress_->setFixedWidth(fontMetrics().averageCharWidth() * kProgressLetters * 2);
   progress_->hide();
+  status_->SetText(kLongStatus);
+  status_->setMinimumWidth(status_->sizeHint().width());
   auto* line = statusBar();
   line->setObjectName(QStringLiteral("staMain"));
   line->addWidget(status_, 2);

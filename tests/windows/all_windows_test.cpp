@@ -16,6 +16,8 @@
 
 #include "windows/desktop_fixture.h"
 #include "windows/display_text.h"
+#include "windows/elided_label.h"
+#include "windows/person.h"
 #include "windows/window_table.h"
 
 namespace orvex::test {
@@ -191,6 +193,15 @@ TEST_F(DesktopTest, CommandOfALaterReleaseIsDisabledAndSaysSo) {
 TEST_F(DesktopTest, MainWindowFitsASmallScreenAndCutsNothingOff) {
   EXPECT_LE(host_.Main().minimumSizeHint().width(), 1366 / 2);
   EXPECT_LE(host_.Main().minimumSizeHint().height(), (768 - 60) / 2);
+}
+
+TEST_F(DesktopTest, StatusTextIsReadWholeInTheSmallestWindow) {
+  host_.Main().resize(host_.Main().minimumSizeHint());
+  QCoreApplication::processEvents();
+  const auto& status = Find<windows::ElidedLabel>(host_.Main(), QStringLiteral("staMainStatus"));
+  EXPECT_EQ(status.Text(), QStringLiteral("Ready"));
+  host_.SetStatusText("Changing locations, please wait...");
+  EXPECT_GE(status.contentsRect().width(), status.fontMetrics().horizontalAdvance(status.Text()));
 }
 
 }  // namespace
