@@ -10,10 +10,12 @@
 #include <QPushButton>
 #include <QTest>
 #include <filesystem>
+#include <optional>
 
 #include "shell/settings.h"
 #include "store/database.h"
 #include "support/file_content.h"
+#include "support/locked_file.h"
 #include "support/test_databases.h"
 #include "windows/desktop_program.h"
 #include "windows/elided_label.h"
@@ -143,6 +145,27 @@ TEST_F(DesktopWalk, FileThatCannotBePutInPlaceIsToldAndTheStartGoesOn) {
   ComeToMenus();
   Leave();
   Run();
+}
+
+TEST_F(DesktopWalk, TankDatabaseThatIsInUseAtTheStartIsOpenedFromTheMenusLater) {
+  fs::copy_file(ORVEX_REFERENCE_DATABASE, Tank());
+  std::optional<LockedFile> other_program(Tank());
+  ComeToQuickMenu();
+  person_.AnswerEnding(QStringLiteral("\nNumber: 3260\n in MDIForm1."), QStringLiteral("OK"));
+  person_.Choose(QStringLiteral("mnuAnnBrief"));
+  person_.AnswerEnding(QStringLiteral("\nNumber: 3420\n in MDIForm1."), QStringLiteral("OK"));
+  person_.Choose(QStringLiteral("mnuChangeDBLOc"));
+  person_.In(QStringLiteral("FrmChange"), [&](QWidget& window) {
+    other_program.reset();
+    Click(Find<QPushButton>(window, kOk));
+  });
+  person_.Answer(QStringLiteral("The database locations were changed."), QStringLiteral("OK"));
+  person_.Choose(QStringLiteral("mnuAnnBrief"));
+  person_.Press(kTanks, kClose);
+  Leave();
+  Run();
+  EXPECT_EQ(Setting(shell::kTankKey), Tank().string());
+  EXPECT_EQ(Setting(shell::kClientKey), Client().string());
 }
 
 TEST_F(DesktopWalk, ExitInTheLocateWindowEndsTheProgramAtOnce) {
