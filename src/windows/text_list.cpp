@@ -26,6 +26,13 @@ bool WritesLetter(const QKeyEvent& key) {
   return modifiers == Qt::NoModifier && !text.isEmpty() && text[0].isPrint() && !text[0].isSpace();
 }
 
+/// A key that goes on from the line to what it has found. Enter takes the one that is selected; where any number can
+/// be, it takes none, and must not press the window's button.
+bool LeadsToList(const QKeyEvent& key, QAbstractItemView::SelectionMode mode) {
+  const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+  return key.key() == Qt::Key_Down || (enter && mode == QAbstractItemView::ExtendedSelection);
+}
+
 }  // namespace
 
 bool TextListModel::SetItems(const std::vector<std::string>& items) {
@@ -180,7 +187,8 @@ bool TextList::eventFilter(QObject* watched, QEvent* event) {
     QCoreApplication::sendEvent(find_, event);
     return true;
   }
-  if (watched == find_ && key.key() == Qt::Key_Down && model_->rowCount({}) > 0) {
+  if (watched == find_ && LeadsToList(key, view_->selectionMode())) {
+    if (model_->rowCount({}) == 0) return true;
     view_->setFocus(Qt::TabFocusReason);
     if (!view_->currentIndex().isValid()) view_->setCurrentIndex(model_->index(0));
     return true;

@@ -91,6 +91,17 @@ TEST_F(ModelDialogTest, TankThatTheFindLineHidesIsNotOpened) {
   EXPECT_FALSE(ok.isEnabled());
 }
 
+TEST_F(ModelDialogTest, EnterBehindAFoundTankRunsNoReport) {
+  const auto window = Open("Frmtankrep");
+  SelectRows(*window, QStringLiteral("lstTanks"), {0});
+  Click(Find<QPushButton>(*window, QStringLiteral("cmdSelect")));
+  EXPECT_TRUE(Find<QPushButton>(*window, QStringLiteral("cmdRunReport")).isEnabled());
+  Write(*window, QStringLiteral("lstTanksFind"), QStringLiteral("HT-204"));
+  QTest::keyClick(&Find<QLineEdit>(*window, QStringLiteral("lstTanksFind")), Qt::Key_Return);
+  EXPECT_TRUE(session_.TankList.empty());
+  EXPECT_EQ(Find<QLineEdit>(*window, QStringLiteral("txtID")).text(), QStringLiteral("HT-204"));
+}
+
 TEST_F(ModelDialogTest, WindowComesBackInTheSizeItWasLeftIn) {
   QSettings settings(QString::fromStdString((folder_.Path() / "windows.ini").string()), QSettings::IniFormat);
   const QSize wanted = Open("Frmtankrep", &settings)->sizeHint() + QSize(60, 40);
