@@ -118,19 +118,33 @@ void ExpectWhole(const QWidget& window) {
 
 TEST_P(AllWindows, NothingIsCutOff) { ExpectWhole(*Open()); }
 
-TEST_P(AllWindows, NothingIsCutOffWithLettersOfTwiceTheSize) {
-  const auto usual = QApplication::font();
-  auto large = usual;
-  large.setPointSizeF(usual.pointSizeF() * 2);
-  QApplication::setFont(large);
-  {
-    const auto window = Open();
-    ExpectWhole(*window);
-    const auto screen = window->screen()->availableSize();
-    EXPECT_LE(window->width(), screen.width());
-    EXPECT_LE(window->height(), screen.height());
+/// Letters of twice the usual size, as long as it lives.
+class LargeLetters {
+ public:
+  LargeLetters() {
+    auto large = usual_;
+    large.setPointSizeF(usual_.pointSizeF() * 2);
+    QApplication::setFont(large);
   }
-  QApplication::setFont(usual);
+  LargeLetters(const LargeLetters&) = delete;
+  LargeLetters& operator=(const LargeLetters&) = delete;
+  ~LargeLetters() { QApplication::setFont(usual_); }
+
+ private:
+  QFont usual_ = QApplication::font();
+};
+
+void ExpectOnScreen(const QWidget& window) {
+  const auto screen = window.screen()->availableSize();
+  EXPECT_LE(window.width(), screen.width());
+  EXPECT_LE(window.height(), screen.height());
+}
+
+TEST_P(AllWindows, NothingIsCutOffWithLettersOfTwiceTheSize) {
+  const LargeLetters letters;
+  const auto window = Open();
+  ExpectWhole(*window);
+  ExpectOnScreen(*window);
 }
 
 TEST_P(AllWindows, FitsASmallScreen) {
@@ -153,6 +167,18 @@ std::vector<const windows::WindowEntry*> Entries() {
 
 INSTANTIATE_TEST_SUITE_P(, AllWindows, testing::ValuesIn(Entries()),
                          [](const auto& param) { return std::string(param.param->text.name); });
+
+TEST_F(DesktopTest, MonthsThatAppearInTheReportTypeAreWhole) {
+  const LargeLetters letters;
+  const auto window = windows::FindWindow("Frmreptyp").make({session_, &host_.Main(), nullptr});
+  window->Prepare();
+  window->show();
+  Find<QComboBox>(*window, QStringLiteral("cboRepTime")).setCurrentText(QStringLiteral("Monthly"));
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(Find<QAbstractButton>(*window, QStringLiteral("chkDEC")).isVisible());
+  ExpectWhole(*window);
+  ExpectOnScreen(*window);
+}
 
 /// Texts, names, separators and menus below, all in their order.
 void ExpectEntries(const QList<QAction*>& actions, std::span<const shell::MenuEntry> entries) {
