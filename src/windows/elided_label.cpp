@@ -15,7 +15,6 @@ constexpr int kMargin = 4;
 ElidedLabel::ElidedLabel(const QString& name, const QString& title, QWidget* parent) : QFrame(parent), title_(title) {
   setObjectName(name);
   setAccessibleName(title);
-  setContentsMargins(kMargin, 0, kMargin, 0);
 }
 
 void ElidedLabel::SetText(const QString& text) {
@@ -39,7 +38,8 @@ QSize ElidedLabel::minimumSizeHint() const {
 void ElidedLabel::paintEvent(QPaintEvent* event) {
   QFrame::paintEvent(event);
   QPainter painter(this);
-  const auto room = contentsRect();
+  // Margins of the content are the frame's: the toolkit sets them anew with it.
+  const auto room = contentsRect().adjusted(kMargin, 0, -kMargin, 0);
   painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                    fontMetrics().elidedText(text_, Qt::ElideMiddle, room.width()));
 }
