@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QHelpContentWidget>
 #include <QHelpEngine>
 #include <QHelpIndexWidget>
@@ -39,6 +40,8 @@ constexpr int kZoomSteps[] = {50, 67, 80, 90, 100, 110, 125, 150, 175, 200, 250,
 
 const QString kWindowName = QStringLiteral("help_window");
 const QString kFirstPage = QStringLiteral("index");
+constexpr int kSearchPatienceMs = 10'000;
+constexpr int kSearchStepMs = 20;
 const QString kSearchTopic = QStringLiteral("search:");
 
 enum Pane : std::uint8_t { kContents, kIndex, kSearch };
@@ -132,6 +135,11 @@ HelpWindow::HelpWindow(const std::filesystem::path& help_file)
 }
 
 HelpWindow::~HelpWindow() {
+  // The library's thread goes on using what its search engine takes down first.
+  const QDeadlineTimer patience(kSearchPatienceMs);
+  search_wanted_ = false;
+  while (searching_ && !patience.hasExpired())
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, kSearchStepMs);
   // The panes and the page go before the help that they show.
   delete takeCentralWidget();
 }
@@ -199,12 +207,22 @@ QWidget* HelpWindow::MakeSearch() {
   result->setObjectName(QStringLiteral("help_results"));
   result->setAccessibleName(tr("Pages found"));
   for (auto* text : query->findChildren<QLineEdit*>()) text->setAccessibleName(tr("Search for"));
-  connect(query, &QHelpSearchQueryWidget::search, this, [search, query] { search->search(query->searchInput()); });
+  connect(query, &QHelpSearchQueryWidget::search, this, &HelpWindow::Search);
+  connect(search, &QHelpSearchEngine::searchingFinished, this, [this] {
+    searching_ = false;
+    SearchIfWanted();
+  });
   connect(result, &QHelpSearchResultWidget::requestShowLink, browser_,
           [this](const QUrl& url) { browser_->setSource(url); });
-  connect(search, &QHelpSearchEngine::indexingStarted, this,
-          [this] { statusBar()->showMessage(tr("Preparing the search...")); });
-  connect(search, &QHelpSearchEngine::indexingFinished, this, [this] { statusBar()->clearMessage(); });
+  connect(search, &QHelpSearchEngine::indexingStarted, this, [this] {
+    reading_ = true;
+    statusBar()->showMessage(tr("Preparing the search..."));
+  });
+  connect(search, &QHelpSearchEngine::indexingFinished, this, [this] {
+    reading_ = false;
+    statusBar()->clearMessage();
+    SearchIfWanted();
+  });
 
   auto* pane = new QWidget(panes_);
   auto* column = new QVBoxLayout(pane);
@@ -310,6 +328,19 @@ void HelpWindow::ShowIndex() {
 void HelpWindow::ShowSearch() {
   panes_->setCurrentIndex(kSearch);
   collection_->Engine().searchEngine()->queryWidget()->setFocus();
+}
+
+void HelpWindow::Search() {
+  search_wanted_ = true;
+  SearchIfWanted();
+}
+
+void HelpWindow::SearchIfWanted() {
+  if (!search_wanted_ || reading_ || searching_) return;
+  search_wanted_ = false;
+  searching_ = true;
+  auto* search = collection_->Engine().searchEngine();
+  search->search(search->queryWidget()->searchInput());
 }
 
 void HelpWindow::ZoomIn() {

@@ -54,12 +54,18 @@ class HelpWindow : public QMainWindow {
   void ShowContents();
   void ShowIndex();
   void ShowSearch();
+  void Search();
+  void SearchIfWanted();
 
   void SetZoom(int percent);
   void Tell(const QString& fault);
 
   std::unique_ptr<HelpCollection> collection_;
   int zoom_percent_ = 100;
+  // A search waits until the pages are read, or it would find some of them only, and until the one before it has ended.
+  bool reading_ = true;
+  bool searching_ = false;
+  bool search_wanted_ = false;
   QLabel* fault_;
   QTabWidget* panes_;
   QLineEdit* look_for_;
