@@ -60,9 +60,9 @@ TEST_F(EmissionTotalsTest, OfAFloatingRoofWithAComponentIndentedByEight) {
 TEST_F(EmissionTotalsTest, AnAnnualTankHasItsLinesInTheOrderStored) {
   AddEmission(1, shell::kHorizontal, {{"MIX ID", 2}, {"NAME", "Second"}, {"W_LOSS", 2.0}});
   AddEmission(2, shell::kHorizontal, {{"NAME", "Other tank"}});
-  AddEmission(1, shell::kHorizontal, {{"PRIMARY", false}, {"NAME", "Part"}, {"W_LOSS", 0.5}});
+  AddEmission(1, shell::kHorizontal, {{"PRIMARY", false}, {"NAME", "Toluene"}, {"W_LOSS", 0.5}});
   AddEmission(1, shell::kHorizontal, {{"NAME", "First"}, {"W_LOSS", 1.0}});
-  EXPECT_EQ(Lines(Annual(1)), (Strings{"Second 2.00", test::Nbsp(8) + "Part 0.50", "First 1.00"}));
+  EXPECT_EQ(Lines(Annual(1)), (Strings{"Second 2.00", test::Nbsp(8) + "Toluene 0.50", "First 1.00"}));
 }
 
 TEST_F(EmissionTotalsTest, AMonthlyTankHasSumsOverItsMonthsInTheOrderOfItsMixtures) {
