@@ -7,6 +7,7 @@
 
 #include "emission/run_report.h"
 #include "shell/status.h"
+#include "shell/tank_names.h"
 #include "shell/trap.h"
 
 namespace orvex::reports {
@@ -24,11 +25,6 @@ constexpr ShownField kShownFields[] = {
     {"COMPANY", &Frmtankrep::txtCompany}, {"TANK_TYPE", &Frmtankrep::txtTankType},
 };
 
-void ListTanks(shell::Session& session, Frmtankrep& form) {
-  auto tanks = session.ClientDb->OpenQuery("SELECT [USER ID] FROM tank WHERE [USER ID] IS NOT NULL");
-  for (; !tanks.AtEnd(); tanks.MoveNext()) form.lstTanks.items.push_back(tanks.Get(0).AsText());
-}
-
 void EnableRunReport(Frmtankrep& form) { form.cmdRunReport.enabled = !form.lstChosenTanks.items.empty(); }
 
 void ClearChosen(Frmtankrep& form) {
@@ -40,7 +36,7 @@ void ClearChosen(Frmtankrep& form) {
 
 Frmtankrep OpenFrmtankrep(shell::Session& session) {
   Frmtankrep form;
-  shell::Trapped(session, kLabel, [&] { ListTanks(session, form); });
+  shell::Trapped(session, kLabel, [&] { form.lstTanks.items = shell::TankNames(*session.ClientDb); });
   return form;
 }
 

@@ -3,10 +3,9 @@
 #include <fmt/format.h>
 
 #include <charconv>
-#include <vector>
 
+#include "shell/tank_names.h"
 #include "shell/trap.h"
-#include "store/database.h"
 
 namespace orvex::shell {
 namespace {
@@ -30,17 +29,6 @@ constexpr std::string_view TipOf(std::string_view name) {
   for (const auto& control : kFrmqmenuControls)
     if (control.name == name) return control.tip;
   return {};
-}
-
-std::vector<std::string> StoredTanks(Session& session) {
-  std::vector<std::string> names;
-  Trapped(session, kRoutine, [&] {
-    const store::Transaction view(*session.ClientDb, store::Transaction::Purpose::kRead);
-    auto tanks = session.ClientDb->OpenTable("tank");
-    for (; !tanks.AtEnd(); tanks.MoveNext())
-      if (!tanks.IsNull("USER ID")) names.push_back(tanks.Text("USER ID"));
-  });
-  return names;
 }
 
 std::int32_t TankId(const Frmqmenu& model) {
@@ -78,7 +66,7 @@ Frmqmenu OpenFrmqmenu(Session& session) {
   model.txtTankType.visible = false;
   for (const auto& type : kTankTypes) model.lstTankTypes.items.emplace_back(type.name);
   model.lstTankTypes.selected = {0};
-  model.dblstTanks.items = StoredTanks(session);
+  Trapped(session, kRoutine, [&] { model.dblstTanks.items = TankNames(*session.ClientDb); });
   ChooseCreate(session, model);
   return model;
 }
