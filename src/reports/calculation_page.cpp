@@ -113,8 +113,7 @@ void AddCells(shell::Session& session, std::string_view field, RecordSet& emissi
     });
   } catch (const store::RunTimeError& error) {
     session.host.NoteFailure(error);
-    session.host.ShowMessage("error: " + error.Description(), std::string(shell::kApplicationTitle),
-                             shell::Buttons::kOk, shell::Icon::kNone);
+    shell::Tell(session.host, "error: " + error.Description());
   }
 }
 

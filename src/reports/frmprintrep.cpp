@@ -31,7 +31,7 @@ void ShowFirstError(shell::Session& session) {
   auto errors = session.ClientDb->OpenTable("error");
   const auto message = fmt::format("{}: {} Please correct and rerun the report.", errors.Get(1).TextOrEmpty(),
                                    errors.Get(2).TextOrEmpty());
-  session.host.ShowMessage(message, std::string(shell::kApplicationTitle), shell::Buttons::kOk, shell::Icon::kNone);
+  shell::Tell(session.host, message);
 }
 
 /// What a `PrintMode` puts out, by destination; none for a destination that it does not have.

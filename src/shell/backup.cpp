@@ -55,8 +55,7 @@ std::string AskForName(Session& session, const Backup& backup) {
     const std::string chosen = session.host.SaveFile(request);
     std::string name = chosen.find('.') == std::string::npos ? chosen + ".MDB" : chosen;
     if (!IsInUse(session, chosen) && !IsInUse(session, name)) return name;
-    session.host.ShowMessage("You cannot write the one of the data base paths currently in use.",
-                             std::string(kApplicationTitle), Buttons::kOk, Icon::kExclamation);
+    Tell(session.host, "You cannot write the one of the data base paths currently in use.", Icon::kExclamation);
   }
 }
 
@@ -85,8 +84,7 @@ void Run(Session& session, const Backup& backup) {
       throw store::RunTimeError(store::ErrorNumber::kNone, "");
     }
     copy.Commit();
-    session.host.ShowMessage(fmt::format("{}{}{}.", session.*backup.path, backup.copied, name),
-                             std::string(kApplicationTitle), Buttons::kOk, Icon::kNone);
+    Tell(session.host, fmt::format("{}{}{}.", session.*backup.path, backup.copied, name));
   });
 }
 

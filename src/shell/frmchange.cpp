@@ -101,9 +101,9 @@ void ClickBrowseClient(Session& session, FrmChange& model) {
 void ClickOK(Session& session, FrmChange& model) {
   Trapped(session, kRoutine, [&] {
     std::optional<BusyScope> busy(std::in_place, session, "Changing locations");
-    const auto tell = [&](std::string_view text) {
+    const auto tell = [&](const char* text) {
       busy.reset();
-      session.host.ShowMessage(std::string(text), std::string(kApplicationTitle), Buttons::kOk, Icon::kNone);
+      Tell(session.host, text);
     };
     // A tank database that is not good keeps nobody from changing the client database.
     if (Change(session, kTank, kClient, model.txtTankData.text) == Outcome::kWrongFile)

@@ -25,7 +25,7 @@ void ClickOK(Session& session, Frmclientdata& model) {
   try {
     OpenClientDatabase(session, model.txtClientPath.text);
   } catch (const store::RunTimeError&) {
-    session.host.ShowMessage(std::string(kWrongFileMessage), std::string(kApplicationTitle), Buttons::kOk, Icon::kNone);
+    Tell(session.host, std::string(kWrongFileMessage));
     return;
   }
   // The database is open whether or not its path can be kept.

@@ -40,8 +40,7 @@ void ClickOK(Session& session, Frmtankdata& model) {
     if (Open(session, model.txtTankPath.text)) {
       model.window.closed = true;
     } else {
-      session.host.ShowMessage(std::string(kWrongFileMessage), std::string(kApplicationTitle), Buttons::kOk,
-                               Icon::kNone);
+      Tell(session.host, std::string(kWrongFileMessage));
     }
   });
 }

@@ -13,6 +13,10 @@ void SetStatus(Host& host, std::string_view text, bool please_wait) {
   host.SetStatusText(std::string(text) + (please_wait ? ", please wait..." : ""));
 }
 
+void Tell(Host& host, const std::string& text, Icon icon) {
+  host.ShowMessage(text, std::string(kApplicationTitle), Buttons::kOk, icon);
+}
+
 BusyScope::BusyScope(Session& session, std::string_view status)
     : session_(session), outer_status_(std::exchange(session.busy_status, std::string(status))) {
   session_.host.SetPointer(Pointer::kBusy);

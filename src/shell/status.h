@@ -28,4 +28,7 @@ class BusyScope {
   std::string outer_status_;
 };
 
+/// A message box under the program's own title that can only be acknowledged.
+void Tell(Host& host, const std::string& text, Icon icon = Icon::kNone);
+
 }  // namespace orvex::shell

@@ -14,9 +14,8 @@ void ErrorMessage(Session& session, std::string_view routine, const store::RunTi
   session.host.NoteFailure(error);
   session.host.SetPointer(Pointer::kDefault);
   session.host.Beep();
-  session.host.ShowMessage(fmt::format("The following Error occurred:\r\n\r\n{}\r\nNumber: {}\r\n in {}",
-                                       error.Description(), static_cast<int>(error.Number()), routine),
-                           std::string(kApplicationTitle), Buttons::kOk, Icon::kNone);
+  Tell(session.host, fmt::format("The following Error occurred:\r\n\r\n{}\r\nNumber: {}\r\n in {}", error.Description(),
+                                 static_cast<int>(error.Number()), routine));
   SetStatus(session.host, "", false);
 }
 

@@ -31,8 +31,7 @@ void AddCommands(shell::Session& session) {
 /// The program may work without a file that could not be put in place, so it goes on.
 void FillFolder(shell::Session& session, const std::filesystem::path& program) {
   const auto text = shell::FailureText(shell::FillApplicationFolder(session.application_folder, program));
-  if (text.empty()) return;
-  session.host.ShowMessage(text, std::string(shell::kApplicationTitle), shell::Buttons::kOk, shell::Icon::kExclamation);
+  if (!text.empty()) shell::Tell(session.host, text, shell::Icon::kExclamation);
 }
 
 void Start(DesktopHost& host, shell::Session& session, const std::filesystem::path& program) {
@@ -63,8 +62,8 @@ int RunDesktopProgram(const ProgramPlaces& places) {
 }
 
 int TellCannotStart(const store::RunTimeError& error) {
-  DesktopHost(nullptr).ShowMessage(error.Description(), std::string(shell::kApplicationTitle), shell::Buttons::kOk,
-                                   shell::Icon::kCritical);
+  DesktopHost host(nullptr);
+  shell::Tell(host, error.Description(), shell::Icon::kCritical);
   return kCannotStart;
 }
 

@@ -14,8 +14,7 @@ void Guarded(shell::Session& session, const std::function<void()>& command) {
     shell::SetStatus(session.host, "", false);
   } catch (const std::exception& fault) {
     session.host.SetPointer(shell::Pointer::kDefault);
-    session.host.ShowMessage(fault.what(), std::string(shell::kApplicationTitle), shell::Buttons::kOk,
-                             shell::Icon::kCritical);
+    shell::Tell(session.host, fault.what(), shell::Icon::kCritical);
   }
 }
 
