@@ -210,6 +210,17 @@ std::int64_t Database::Execute(std::string_view sql) {
   return changed;
 }
 
+std::int32_t Database::Mark() {
+  Statement mark(*impl_->connection, "PRAGMA user_version");
+  mark.Step();
+  return static_cast<std::int32_t>(mark.Integer(0));
+}
+
+void Database::SetMark(std::int32_t mark) {
+  impl_->connection->RequireTransactionAlive();
+  impl_->connection->Execute(fmt::format("PRAGMA user_version = {}", mark));
+}
+
 bool Database::IntegrityCheck() {
   try {
     Statement check(*impl_->connection, "PRAGMA integrity_check(1)");

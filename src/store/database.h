@@ -73,6 +73,12 @@ class Database {
   /// Runs a statement of the dialect that gives no rows (DELETE, SELECT ... INTO); the number of rows it wrote.
   std::int64_t Execute(std::string_view sql);
 
+  /// A number that the file keeps for the program beside its tables, 0 in a new file. It belongs to the transaction in
+  /// which it is set, and stays when the file is compacted; a copy made table by table begins with 0 again.
+  [[nodiscard]] std::int32_t Mark();
+  /// Error 3027 when the file is read-only.
+  void SetMark(std::int32_t mark);
+
   // Table definitions ------------------------------------------------------------------------------------------------
   [[nodiscard]] std::vector<std::string> TableNames();
   [[nodiscard]] bool HasTable(std::string_view name);

@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <fmt/format.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -14,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "store/file_lock.h"
 #include "store/file_renaming.h"
 #include "store/run_time_error.h"
 
@@ -52,22 +52,8 @@ bool IsUnfinished(std::string_view name, std::string_view of) {
          name == kEnding;
 }
 
-/// Whoever writes an unfinished file holds its lock, which ends with the process. Where a file system has no locks,
-/// nobody can tell that a file is given up, and none is removed.
-bool TryLock(int file) { return flock(file, LOCK_EX | LOCK_NB) == 0; }
-
-void Lock(int file) {
-  while (flock(file, LOCK_EX) != 0 && errno == EINTR) continue;
-}
-
-/// The file is still what its name stands for.
-bool HasName(int file, const fs::path& path) {
-  struct stat opened {
-  }, named{};
-  return fstat(file, &opened) == 0 && lstat(path.c_str(), &named) == 0 && S_ISREG(named.st_mode) &&
-         opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
-}
-
+/// Whoever writes an unfinished file holds its lock. Where a file system has no locks, nobody can tell that a file is
+/// given up, and none is removed.
 void RemoveIfGivenUp(const fs::path& path) {
   const int file = open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
   if (file < 0) return;
