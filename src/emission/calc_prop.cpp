@@ -1,10 +1,11 @@
 #include "emission/calc_prop.h"
 
+#include <algorithm>
+
+#include "emission/annual_temperatures.h"
 #include "emission/field_reading.h"
 #include "emission/liquid_temperature.h"
 #include "emission/mixture.h"
-#include "emission/paint.h"
-#include "emission/routine.h"
 #include "emission/vapor_pressure.h"
 #include "shell/number_format.h"
 #include "shell/status.h"
@@ -36,47 +37,37 @@ Tank ReadTank(RecordSet& tank) {
 
 /// Whether the city and the paints that the tank's type needs are given.
 bool IsComplete(const Tank& tank) {
-  if (tank.city.empty()) return false;
-  if (tank.type == shell::kHorizontal) return tank.underground || tank.paint.HasShell();
-  if (tank.type == shell::kExternalFloatingRoof || tank.type == shell::kDomedExternalFloatingRoof) {
-    return tank.paint.HasShell();
-  }
-  if (tank.type == shell::kVerticalFixedRoof || tank.type == shell::kInternalFloatingRoof) {
-    return tank.paint.HasShell() && tank.paint.HasRoof();
-  }
-  return true;
+  return !tank.city.empty() && HasNeededPaint(tank.type, tank.underground, tank.paint);
 }
 
-/// Liquid temperatures of a mixture over the year {R}.
-struct Temperatures {
-  double average, maximum, minimum, bulk;
-};
+constexpr std::string_view kTemperatures[] = {"ALS_TEMP", "XLS_TEMP", "MLS_TEMP", "BULK_TEMP"};
 
-Temperatures LiquidTemperatures(Session& session, const Tank& tank, RecordSet& weather, RecordSet& mixture) {
-  const auto annual_r = [&](std::string_view field) {
-    return RoundSixDecimals(FahrenheitToRankine(weather.Double(field)));
-  };
-  const double absorptance = tank.underground ? 0 : tank.paint.Absorptance();
-  const double insolation = RoundSixDecimals(weather.Double("INSOL_ANN"));
-  const double ambient = annual_r("A_TEMP_DAA");
-  const double ambient_max = annual_r("TAX_ANN");
-  const double ambient_min = annual_r("TAN_ANN");
-  Temperatures liquid{};
-  if (tank.heated) {
-    const auto stored_r = [&](std::string_view field) { return FahrenheitToRankine(mixture.Double(field)); };
-    liquid = {stored_r("ALS_TEMP"), stored_r("XLS_TEMP"), stored_r("MLS_TEMP"), stored_r("BULK_TEMP")};
-  } else {
-    liquid.average =
-        Routine(session, "modEmission.ALST", [&] { return ALST(ambient, ambient, absorptance, insolation); });
-    liquid.maximum = MaxLiquidTemp(liquid.average, ambient_max, ambient_min, absorptance, insolation);
-    liquid.minimum = MinLiquidTemp(liquid.average, ambient_max, ambient_min, absorptance, insolation);
-    liquid.bulk = BulkTemperature(ambient, absorptance);
-  }
+/// Whether a person has entered what a heated tank cannot have computed: a mixture just added has nothing yet.
+bool HasTemperatures(const Tank& tank, RecordSet& mixture) {
+  return !tank.heated || std::ranges::none_of(kTemperatures, [&](auto field) { return mixture.IsNull(field); });
+}
+
+/// The temperatures that a person entered for the mixture of a heated tank {R}.
+LiquidTemperatures EnteredTemperatures(const Tank& tank, RecordSet& mixture) {
+  const auto stored_r = [&](std::string_view field) { return FahrenheitToRankine(mixture.Double(field)); };
+  LiquidTemperatures liquid = {.average = stored_r("ALS_TEMP"),
+                               .maximum = stored_r("XLS_TEMP"),
+                               .minimum = stored_r("MLS_TEMP"),
+                               .bulk = stored_r("BULK_TEMP")};
   if (tank.underground) liquid.maximum = liquid.minimum = liquid.average;
   return liquid;
 }
 
-void SetTemperatures(RecordSet& mixture, const Temperatures& liquid) {
+LiquidTemperatures TemperaturesOf(Session& session, const Tank& tank, RecordSet& weather, RecordSet& mixture) {
+  const AnnualWeather year = {.ambient_f = weather.Double("A_TEMP_DAA"),
+                              .ambient_max_f = weather.Double("TAX_ANN"),
+                              .ambient_min_f = weather.Double("TAN_ANN"),
+                              .insolation = weather.Double("INSOL_ANN")};
+  if (tank.heated) return EnteredTemperatures(tank, mixture);
+  return AnnualTemperatures(session, year, tank.paint, tank.underground);
+}
+
+void SetTemperatures(RecordSet& mixture, const LiquidTemperatures& liquid) {
   const auto set = [&](std::string_view field, double rankine) {
     mixture.Set(field, RoundSixDecimals(RankineToFahrenheit(rankine)));
   };
@@ -93,7 +84,7 @@ void SetPressure(RecordSet& mixture, std::string_view field, double pressure_psi
 }
 
 /// The properties of a mixture that stands in the reference table under its own name.
-void FillFromChemical(Session& session, const Tank& tank, RecordSet& mixture, const Temperatures& liquid) {
+void FillFromChemical(Session& session, const Tank& tank, RecordSet& mixture, const LiquidTemperatures& liquid) {
   auto chemical = session.ReferenceDb->OpenAt("chemical", "chemname", {mixture.Get("MIX NAME")});
   // The person's own figures stay where the name is no chemical.
   if (chemical.NoMatch()) return;
@@ -105,7 +96,8 @@ void FillFromChemical(Session& session, const Tank& tank, RecordSet& mixture, co
   SetPressure(mixture, "VP_MIN", PVA(session, name, liquid.minimum));
 }
 
-void FillFromVaporWeights(Session& session, int32_t ID, int32_t MixID, RecordSet& mixture, const Temperatures& liquid) {
+void FillFromVaporWeights(Session& session, int32_t ID, int32_t MixID, RecordSet& mixture,
+                          const LiquidTemperatures& liquid) {
   if (!VaporFractionsComplete(session, ID, MixID) || mixture.DoubleOrZero("ALS_TEMP") == 0) return;
   SetPressure(mixture, "VP", VapMixPV(session, ID, MixID, liquid.average));
   SetPressure(mixture, "VP_MAX", VapMixPVMinMax(session, ID, MixID, liquid.average, liquid.maximum));
@@ -116,7 +108,7 @@ void FillFromVaporWeights(Session& session, int32_t ID, int32_t MixID, RecordSet
 }
 
 void FillFromComponents(Session& session, int32_t ID, int32_t MixID, const Tank& tank, RecordSet& mixture,
-                        const Temperatures& liquid) {
+                        const LiquidTemperatures& liquid) {
   if (!tank.heated) SetTemperatures(mixture, liquid);
   mixture.Set("MOLWT", MixLiquidMW(session, ID, MixID));
   mixture.Set("VP_MOLWT", MixVaporMW(session, ID, MixID, liquid.average));
@@ -129,7 +121,7 @@ void FillFromComponents(Session& session, int32_t ID, int32_t MixID, const Tank&
 }
 
 /// False for a mixture of no known kind.
-bool FillMixture(Session& session, int32_t ID, const Tank& tank, RecordSet& mixture, const Temperatures& liquid) {
+bool FillMixture(Session& session, int32_t ID, const Tank& tank, RecordSet& mixture, const LiquidTemperatures& liquid) {
   const int32_t MixID = mixture.Long("MIX ID");
   const std::string component = mixture.TextOrEmpty("COMPONENT");
   const std::string speciation = mixture.TextOrEmpty("SPEC_OPT");
@@ -179,9 +171,9 @@ void CalcProp(Session& session, int32_t ID) {
     for (; !mixtures.AtEnd(); mixtures.MoveNext()) {
       if (!IsComplete(tank)) break;
       weather.Seek({tank.city});
-      if (weather.NoMatch()) break;
+      if (weather.NoMatch() || !HasTemperatures(tank, mixtures)) break;
       mixtures.Edit();
-      const Temperatures liquid = LiquidTemperatures(session, tank, weather, mixtures);
+      const LiquidTemperatures liquid = TemperaturesOf(session, tank, weather, mixtures);
       if (!FillMixture(session, ID, tank, mixtures, liquid)) break;
       mixtures.Update();
       FillComponents(session, ID, liquid.average);

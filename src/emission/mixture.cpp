@@ -163,9 +163,12 @@ double VapMIxLdens(Session& session, int32_t ID, int32_t MixID, double T) {
   });
 }
 
+double VaporPercents(Session& session, int32_t ID, int32_t MixID) {
+  return SumOver(session, ID, MixID, [](RecordSet& component) { return component.DoubleOrZero("VP_FRACT"); });
+}
+
 bool VaporFractionsComplete(Session& session, int32_t ID, int32_t MixID) {
-  const double sum =
-      SumOver(session, ID, MixID, [](RecordSet& component) { return component.DoubleOrZero("VP_FRACT"); });
+  const double sum = VaporPercents(session, ID, MixID);
   return sum > 99.9 && sum < 100.1;
 }
 

@@ -24,6 +24,8 @@ double VapMixVaporMW(shell::Session& session, std::int32_t ID, std::int32_t MixI
 double VapMixLiquidMWf(shell::Session& session, std::int32_t ID, std::int32_t MixID, double T);
 double VapMIxLdens(shell::Session& session, std::int32_t ID, std::int32_t MixID, double T);
 
+/// Sum of the mixture's vapor weight percents.
+double VaporPercents(shell::Session& session, std::int32_t ID, std::int32_t MixID);
 /// True when the mixture's vapor weight percents sum to 100 well enough to compute from: strictly between 99.9 and
 /// 100.1.
 bool VaporFractionsComplete(shell::Session& session, std::int32_t ID, std::int32_t MixID);

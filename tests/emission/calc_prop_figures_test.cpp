@@ -23,12 +23,14 @@ TEST_F(CalcPropTest, AHeatedMixtureOfComponentsKeepsItsTemperatures) {
   EXPECT_NEAR(Mixture("VP_MAX"), 4, kExact);
 }
 
-TEST_F(CalcPropTest, AHeatedTankWithoutATemperatureIsReported) {
+TEST_F(CalcPropTest, AHeatedTankWithoutATemperatureIsIncompleteAndStaysAsItIs) {
   ChangeTank(client, ID, {{"HEATED", true}});
-  SetMixture({{"BULK_TEMP", kNull}});
-  test.host.ExpectError(94, "modEmission.CalcProp");
-  Calc();
-  EXPECT_EQ(Mixture("VP"), 5);
+  for (const auto* field : {"ALS_TEMP", "MLS_TEMP", "XLS_TEMP", "BULK_TEMP"}) {
+    SetMixture({{"ALS_TEMP", 60.0}, {"MLS_TEMP", 50.0}, {"XLS_TEMP", 70.0}, {"BULK_TEMP", 58.0}});
+    SetMixture({{field, kNull}});
+    Calc();
+    EXPECT_EQ(Mixture("VP"), 5) << field;
+  }
 }
 
 TEST_F(CalcPropTest, AnUndergroundTankHasNeitherSunNorRange) {
