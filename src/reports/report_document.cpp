@@ -1,6 +1,6 @@
 #include "reports/report_document.h"
 
-#include "reports/xml_text.h"
+#include "shell/xml_text.h"
 #include "store/file_replacement.h"
 
 namespace orvex::reports {
@@ -38,13 +38,13 @@ void ReportDocument::Save(const std::filesystem::path& path) const {
 
 pugi::xml_node AddElement(pugi::xml_node parent, const char* name, std::string_view text) {
   auto element = parent.append_child(name);
-  if (!text.empty()) AddText(element, EscapeXml(text).c_str());
+  if (!text.empty()) AddText(element, shell::EscapeXml(text).c_str());
   AddText(parent, kLineEnd);
   return element;
 }
 
 void AddAttribute(pugi::xml_node element, const char* name, std::string_view value) {
-  element.append_attribute(name).set_value(EscapeXml(value).c_str());
+  element.append_attribute(name).set_value(shell::EscapeXml(value).c_str());
 }
 
 }  // namespace orvex::reports

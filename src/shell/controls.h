@@ -18,7 +18,7 @@ struct TextBox {
   bool read_only = false;
 };
 
-/// One of a list of texts; `text` is empty when none is chosen.
+/// One of a list of texts; `text` is empty when none is chosen. Some also take a text that is no item.
 struct ComboBox {
   std::vector<std::string> items;
   std::string text;

@@ -109,12 +109,13 @@ void CreateTank(Session& session, Frmqmenu& model, std::size_t item) {
 
 void ClickOK(Session& session, Frmqmenu& model) {
   if (!model.cmdOK.enabled) return;
+  // The editor opens in the command: it finds this window closed.
+  model.window.closed = true;
   if (model.optCreate.chosen) {
     RunCommand(session, *NewTankCommand(session, model));
   } else {
     Trapped(session, kRoutine, [&] { session.editRecord(session, TankId(model), model.txtTankType.text); });
   }
-  model.window.closed = true;
 }
 
 void ClickCancel(Session& /*session*/, Frmqmenu& model) { model.window.closed = true; }

@@ -12,6 +12,10 @@
 #include "shell/settings.h"
 #include "store/database.h"
 
+namespace orvex::entry {
+struct TankEntry;
+}
+
 namespace orvex::shell {
 
 /// The state that lives from start to exit: both databases, the report selection and the way to the person.
@@ -38,6 +42,9 @@ struct Session {
   bool CopyDataPending = false;
   /// Opens a tank for editing; null in a program without tank entry.
   void (*editRecord)(Session&, std::int32_t id, const std::string& tank_type) = nullptr;
+  /// Offers a tank that was being created when the program was ended from outside; null without tank entry.
+  void (*offerUnsavedTank)(Session&) = nullptr;
+  std::shared_ptr<entry::TankEntry> tank_entry;  ///< of the layer above; null without tank entry
 
   std::string busy_status;  ///< of the innermost `BusyScope`; empty when no command is running
 

@@ -64,6 +64,7 @@ bool StartUp(Session& session) {
   CloseDatabases(session);
   if (!OpenTank(session) || !OpenClient(session)) return false;
   AddCASField(session);
+  if (session.offerUnsavedTank != nullptr) session.offerUnsavedTank(session);
   session.host.ShowWindow("frmqmenu");
   session.CopyDataPending = false;
   return !session.ended;

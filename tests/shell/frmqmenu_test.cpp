@@ -169,6 +169,18 @@ TEST_F(QuickMenu, DoubleClickOnATypeMakesATankAndClosesTheWindow) {
   EXPECT_TRUE(menu.window.closed);
 }
 
+TEST_F(QuickMenu, IsClosedBeforeTheTankOpens) {
+  AddTankEntry();
+  static bool* closed = nullptr;
+  static bool was_closed = false;
+  session_.editRecord = [](Session&, std::int32_t, const std::string&) { was_closed = *closed; };
+  auto menu = OpenFrmqmenu(session_);
+  closed = &menu.window.closed;
+  ChooseOpen(session_, menu);
+  OpenTank(session_, menu, 0);
+  EXPECT_TRUE(was_closed);
+}
+
 TEST_F(QuickMenu, CancelClosesTheWindowAndDoesNothingElse) {
   AddTankEntry();
   auto menu = OpenFrmqmenu(session_);

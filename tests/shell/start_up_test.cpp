@@ -179,6 +179,16 @@ TEST_F(Start, AddsTheFieldOfAnOlderClientDatabase) {
 
 // The tank database cannot be opened ----------------------------------------------------------------------------------
 
+TEST_F(Start, OffersATankThatWasNeverSavedBeforeTheQuickMenu) {
+  session_.offerUnsavedTank = [](Session& session) {
+    EXPECT_NE(session.ClientDb, nullptr);
+    session.host.ShowWindow("(offer)");
+  };
+  ExpectToStart();
+  ASSERT_GE(host_.windows.size(), 2U);
+  EXPECT_EQ(host_.windows[host_.windows.size() - 2], "(offer)");
+}
+
 TEST_F(Start, WithTheTankDatabaseMovedAwayAsksWhereItIsAndKeepsTheAnswer) {
   Moved(tank_, "away.mdb");  // 3024
   ExpectToLocateTankDatabase();

@@ -1,10 +1,10 @@
-#include "reports/xml_text.h"
+#include "shell/xml_text.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-namespace orvex::reports {
+namespace orvex::shell {
 namespace {
 
 TEST(XmlText, EscapesMarkup) { EXPECT_EQ(EscapeXml("a<b> & \"c\"]]>"), "a&lt;b&gt; &amp; &quot;c&quot;]]&gt;"); }
@@ -26,4 +26,4 @@ TEST(XmlText, ShowsNoncharactersAndBrokenBytesAsReplacements) {
 }
 
 }  // namespace
-}  // namespace orvex::reports
+}  // namespace orvex::shell

@@ -1,8 +1,8 @@
-#include "reports/xml_text.h"
+#include "shell/xml_text.h"
 
 #include "store/utf8.h"
 
-namespace orvex::reports {
+namespace orvex::shell {
 namespace {
 
 constexpr char32_t kControlPictures = 0x2400;
@@ -53,4 +53,4 @@ std::string EscapeXml(std::string_view text) {
   return escaped;
 }
 
-}  // namespace orvex::reports
+}  // namespace orvex::shell
