@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-layers=(store shell emission reports windows) # each may include those in front of it
+layers=(store shell emission entry reports windows) # each may include those in front of it
 
 CheckIncludes() {
   local i higher result=0

@@ -1,0 +1,91 @@
+#include "entry/entry_field.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "entry/entry_infos.h"
+#include "entry/entry_number.h"
+#include "shell/number_format.h"
+#include "store/field_table.h"
+#include "store/utf8.h"
+
+namespace orvex::entry {
+namespace {
+
+constexpr std::string_view kYes = "Yes", kNo = "No", kTrue = "-1", kFalse = "0";
+
+bool HasFixedItems(const Entry& entry) { return entry.info->kind == EntryKind::kChoice && !entry.info->items.empty(); }
+
+std::string_view WithoutDefaultMark(std::string_view item) {
+  if (item.ends_with(kDefaultMark)) item.remove_suffix(kDefaultMark.size());
+  return item;
+}
+
+const store::FieldInfo& FieldOf(const EntryInfo& info) {
+  return store::FindField(store::FindTable(info.section < Section::kMixture ? "tank" : "mixtures"), info.field);
+}
+
+bool HasControlCharacters(std::string_view text) {
+  return std::ranges::any_of(text, [](unsigned char byte) { return byte < 0x20 || byte == 0x7F; });
+}
+
+}  // namespace
+
+std::span<const EntryInfo> EntryInfos() { return kEntryInfos; }
+
+bool IsNumeric(const EntryInfo& info) { return FieldOf(info).type == store::FieldType::kDouble; }
+
+std::string StoredText(const Entry& entry) {
+  const auto& text = entry.box.text;
+  if (entry.info->kind == EntryKind::kYesNo) {
+    if (text == kYes) return std::string(kTrue);
+    return std::string(text == kNo ? kFalse : "");
+  }
+  return std::string(HasFixedItems(entry) ? WithoutDefaultMark(text) : text);
+}
+
+void ShowStored(Entry& entry, std::string_view stored) {
+  auto& text = entry.box.text;
+  text = stored;
+  if (entry.info->kind == EntryKind::kYesNo) {
+    text = stored.empty() ? "" : stored == kFalse ? kNo : kYes;
+  } else if (HasFixedItems(entry)) {
+    const auto item = std::ranges::find(entry.info->items, stored, WithoutDefaultMark);
+    text = item == entry.info->items.end() ? std::string_view() : *item;
+  }
+}
+
+bool IsChanged(const Entry& entry) {
+  const auto text = StoredText(entry);
+  if (text == entry.committed) return false;
+  if (entry.info->kind == EntryKind::kShown || !IsNumeric(*entry.info)) return true;
+  const auto number = ParseEntryNumber(text), committed = ParseEntryNumber(entry.committed);
+  return !number || !committed || *number != *committed;
+}
+
+double Number(const Entry& entry) { return entry.box.text.empty() ? 0 : EntryNumber(entry.box.text); }
+
+void ShowNumber(Entry& entry, double value) { entry.box.text = shell::FormatTwoToSixDecimals(value); }
+
+void IgnoreNoNumber(Entry& entry) {
+  if (entry.info->kind != EntryKind::kTypedChoice || !IsNumeric(*entry.info)) return;
+  if (!ParseEntryNumber(entry.box.text)) entry.box.text = entry.committed;
+}
+
+std::string Refusal(const Entry& entry) {
+  const auto& info = *entry.info;
+  const auto text = StoredText(entry);
+  if (IsNumeric(info)) {
+    // A list may be left without a choice, but a number may not be left out.
+    const bool is_left_out = text.empty() && info.kind != EntryKind::kNumber;
+    return is_left_out || ParseEntryNumber(text) ? "" : "Please enter a number.";
+  }
+  if (HasControlCharacters(text)) return "Please enter a text without control characters.";
+  const auto width = static_cast<std::size_t>(FieldOf(info).width);
+  if (width > 0 && store::CharacterCount(text) > width)
+    return fmt::format("Please enter no more than {} characters.", width);
+  return {};
+}
+
+}  // namespace orvex::entry
