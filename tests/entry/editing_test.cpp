@@ -1,0 +1,111 @@
+#include "entry/editing.h"
+
+#include "entry/frmrecdelete.h"
+#include "entry/lifecycle_fixture.h"
+#include "support/child_process.h"
+
+namespace orvex::entry {
+namespace {
+
+/// Two programs on one client database.
+class TwoPrograms : public test::LifecycleTest {
+ protected:
+  TwoPrograms() {
+    second_.ClientPath = session_.ClientPath;
+    second_.ReferenceDb = store::Database::Open(session_.TankPath);
+    second_.ClientDb = store::Database::Open(session_.ClientPath);
+    AddTankEntry(second_);
+  }
+  void ExpectToBeTold() {
+    second_host_.ExpectMessage("The client database " + session_.ClientPath +
+                               " is being edited by another program. Nothing was changed. Close the tank there, then "
+                               "try again.");
+  }
+  /// The second program may edit.
+  void ExpectFree() {
+    second_host_.WhenShown("frmTank", [&] { ClickAbandon(second_, Editor(second_)); });
+    NewHorizontal(second_);
+  }
+
+  test::ScriptedHost second_host_;
+  shell::Session second_{second_host_};
+};
+
+TEST_F(TwoPrograms, TheSecondIsToldAndCreatesNothingWhileTheFirstEdits) {
+  const auto ID = StoreTank(shell::kHorizontal, "T1");
+  EditTank(ID, shell::kHorizontal, [&](FrmTank&) {
+    ExpectToBeTold();
+    NewHorizontal(second_);
+    EXPECT_EQ(Count("tank"), 1);
+  });
+  EXPECT_TRUE(second_host_.windows.empty());
+  ExpectFree();
+}
+
+TEST_F(TwoPrograms, TheSecondOpensNoTankWhileTheFirstCreatesOne) {
+  const auto ID = StoreTank(shell::kHorizontal, "T1");
+  CreateTank(shell::kHorizontal, [&](FrmTank& form) {
+    ExpectToBeTold();
+    editRecord(second_, ID, std::string(shell::kHorizontal));
+    EXPECT_EQ(second_.tank_entry->frmTank, nullptr);
+    // Nor is the first one's tank offered to it.
+    second_.offerUnsavedTank(second_);
+    ClickAbandon(session_, form);
+  });
+  ExpectFree();
+}
+
+TEST_F(TwoPrograms, TheSecondDeletesNothingWhileTheFirstEdits) {
+  const auto ID = StoreTank(shell::kHorizontal, "T1");
+  EditTank(ID, shell::kHorizontal, [&](FrmTank&) {
+    auto window = OpenFrmrecdelete(second_);
+    ClickSelectAll(second_, window);
+    ExpectToBeTold();
+    ClickDelete(second_, window);
+    EXPECT_EQ(Count("tank"), 1);
+    EXPECT_EQ(second_host_.status.back(), "Ready");
+  });
+}
+
+TEST_F(TwoPrograms, TheFileBesideTheDatabaseIsGoneAfterwards) {
+  const auto path = EditingPath(session_.ClientPath);
+  const auto ID = StoreTank(shell::kHorizontal, "T1");
+  EditTank(ID, shell::kHorizontal, [&](FrmTank&) { EXPECT_TRUE(std::filesystem::exists(path)); });
+  EXPECT_FALSE(std::filesystem::exists(path));
+  EXPECT_EQ(path.filename(), "client1.mdb.editing");
+}
+
+TEST_F(TwoPrograms, OneThatReachesTheDatabaseThroughALinkIsToldToo) {
+  const auto link = folder_.Path() / "link.mdb";
+  std::filesystem::create_symlink(session_.ClientPath, link);
+  EXPECT_EQ(EditingPath(link), EditingPath(session_.ClientPath));
+}
+
+TEST_F(TwoPrograms, AKilledOneHoldsNobodyUp) {
+  StoreTank(shell::kHorizontal, "T1");
+  session_.ClientDb.reset();
+  second_.ClientDb.reset();
+  int ready[2];
+  ASSERT_EQ(pipe(ready), 0);
+  test::ChildProcess child([&] {
+    session_.ClientDb = store::Database::Open(session_.ClientPath);
+    host_.WhenShown("frmTank", [&] {
+      (void)!write(ready[1], "x", 1);
+      pause();
+    });
+    editRecord(session_, 1, std::string(shell::kHorizontal));
+    return 0;
+  });
+  char byte = 0;
+  ASSERT_EQ(read(ready[0], &byte, 1), 1);
+  close(ready[0]);
+  close(ready[1]);
+  second_.ClientDb = store::Database::Open(session_.ClientPath);
+  ExpectToBeTold();
+  NewHorizontal(second_);
+  EXPECT_TRUE(child.Kill());
+  ExpectFree();
+}
+
+}  // namespace
+}  // namespace orvex::entry
