@@ -11,7 +11,7 @@ namespace orvex::reports {
 inline constexpr auto kFrmmonthControls = MonthBoxTextsAnd({
     {"cmdAll", "&All", "Tick all twelve months"},
     {"cmdRunReport", "&Run Report", "Go on to the tanks of the report"},
-    {"cmdClose", "&Close", "Close this window"},
+    {"cmdClose", "Close", "Close this window"},
     {"cmdHelp", "&Help", "Help on choosing months"},
 });
 inline constexpr shell::WindowText kFrmmonthText = {"Frmmonth", "Choose Months", "choose_months", kFrmmonthControls};

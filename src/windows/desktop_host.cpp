@@ -125,7 +125,11 @@ void DesktopHost::Attach(shell::Session& session) {
   shell::SetStatus(*this, "", false);
 }
 
-QWidget* DesktopHost::Top() const { return open_.empty() ? static_cast<QWidget*>(main_window_.get()) : open_.back(); }
+QWidget* DesktopHost::Top() const {
+  const auto top =
+      std::find_if(open_.rbegin(), open_.rend(), [](const ModelDialog* window) { return !window->IsUnloaded(); });
+  return top == open_.rend() ? static_cast<QWidget*>(main_window_.get()) : *top;
+}
 
 Answer DesktopHost::ShowMessage(const std::string& text, const std::string& title, shell::Buttons buttons,
                                 shell::Icon icon) {
@@ -199,6 +203,9 @@ void DesktopHost::ShowPrinterSetup() {
 }
 
 void DesktopHost::ShowWindow(std::string_view name) {
+  // A window may close itself by the command that opens this one.
+  for (auto* window : open_)
+    if (window->IsClosedByModel() && !window->IsUnloaded()) window->Unload();
   const auto window = FindWindow(name).make({*session_, Top(), settings_});
   window->Prepare();
   if (window->IsUnloaded()) return;

@@ -51,7 +51,7 @@ class DesktopHost : public shell::Host {
   void Progress(std::int64_t done, std::int64_t total) override;
 
  private:
-  /// What a new window stands on: the one that was opened last.
+  /// What a new window stands on: the one that was opened last and is not closed.
   [[nodiscard]] QWidget* Top() const;
 
   QSettings* settings_;

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <string>
 
+#include "entry/entry_commands.h"
 #include "reports/report_commands.h"
 #include "shell/application_folder.h"
 #include "shell/shell_commands.h"
@@ -56,6 +57,7 @@ int RunDesktopProgram(const ProgramPlaces& places) {
   session.application_folder = places.application_folder;
   session.settings = shell::Settings(places.settings_folder);
   AddCommands(session);
+  entry::AddTankEntry(session);
   host.Attach(session);
   QTimer::singleShot(0, QCoreApplication::instance(), [&] { Start(host, session, places.program); });
   return QApplication::exec();

@@ -8,6 +8,7 @@
 
 #include "reports/frmtankrep.h"
 #include "windows/model_view.h"
+#include "windows/placing.h"
 #include "windows/views.h"
 
 namespace orvex::windows {
@@ -42,25 +43,13 @@ class FrmtankrepView : public ModelView<reports::Frmtankrep> {
     constexpr auto kAny = TextList::Choice::kAny;
     constexpr auto kFind = TextList::Find::kYes;
     auto* tanks = MakeList("lstTanks", model_.lstTanks, kAny, kFind, Do(reports::PickTank), {});
-    auto* between = new QVBoxLayout;
-    between->addStretch(1);
-    between->addWidget(MakeButton("cmdSelect", model_.cmdSelect, Do(reports::ClickSelect)));
-    between->addWidget(MakeButton("cmdSelectAll", model_.cmdSelectAll, Do(reports::ClickSelectAll)));
-    between->addSpacing(fontMetrics().lineSpacing() / 2);
-    between->addWidget(MakeButton("cmdRemove", model_.cmdRemove, Do(reports::ClickRemove)));
-    between->addWidget(MakeButton("cmdRemoveAll", model_.cmdRemoveAll, Do(reports::ClickRemoveAll)));
-    between->addStretch(1);
     auto* chosen = MakeList("lstChosenTanks", model_.lstChosenTanks, kAny, kFind, {}, {});
-    auto* grid = new QGridLayout;
-    grid->addWidget(MakeCaption("lstTanks", tanks->View()), 0, 0);
-    grid->addWidget(tanks, 1, 0);
-    grid->addLayout(between, 1, 1);
-    grid->addWidget(MakeCaption("lstChosenTanks", chosen->View()), 0, 2);
-    grid->addWidget(chosen, 1, 2);
-    grid->setColumnStretch(0, 1);
-    grid->setColumnStretch(2, 1);
-    grid->setRowStretch(1, 1);
-    return grid;
+    return PlaceListPair({MakeCaption("lstTanks", tanks->View()), tanks},
+                         {MakeButton("cmdSelect", model_.cmdSelect, Do(reports::ClickSelect)),
+                          MakeButton("cmdSelectAll", model_.cmdSelectAll, Do(reports::ClickSelectAll))},
+                         {MakeButton("cmdRemove", model_.cmdRemove, Do(reports::ClickRemove)),
+                          MakeButton("cmdRemoveAll", model_.cmdRemoveAll, Do(reports::ClickRemoveAll))},
+                         {MakeCaption("lstChosenTanks", chosen->View()), chosen});
   }
 
   QGridLayout* MakeReadings() {
@@ -81,12 +70,7 @@ class FrmtankrepView : public ModelView<reports::Frmtankrep> {
     auto* close = MakeButton("cmdClose", model_.cmdClose, Do(reports::ClickClose));
     run->setDefault(true);
     SetCloseButton(close);
-    auto* foot = new QHBoxLayout;
-    foot->addWidget(help);
-    foot->addStretch(1);
-    foot->addWidget(run);
-    foot->addWidget(close);
-    return foot;
+    return PlaceFoot({help}, {run, close});
   }
 };
 

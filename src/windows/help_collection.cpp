@@ -44,9 +44,11 @@ QUrl HelpCollection::Page(const QString& topic) const {
   QUrl url;
   url.setScheme(QStringLiteral("qthelp"));
   url.setHost(name_space_);
-  url.setPath(QStringLiteral("/%1/%2.html").arg(kVirtualFolder, topic));
+  url.setPath(QStringLiteral("/%1/%2.html").arg(kVirtualFolder, topic.section(QLatin1Char('#'), 0, 0)));
   // The library's own look-up answers for pages that are not there too.
-  return engine_->fileData(url).isEmpty() ? QUrl() : url;
+  if (engine_->fileData(url).isEmpty()) return {};
+  if (topic.contains(QLatin1Char('#'))) url.setFragment(topic.section(QLatin1Char('#'), 1));
+  return url;
 }
 
 }  // namespace orvex::windows

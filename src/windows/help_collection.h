@@ -19,7 +19,8 @@ class HelpCollection {
   [[nodiscard]] const QString& Fault() const { return fault_; }
   [[nodiscard]] QHelpEngine& Engine() { return *engine_; }
 
-  /// The page of a topic; invalid if there is none.
+  /// The page of a topic; invalid if there is none. Behind a "#" may stand the anchor of a control: its name in lower
+  /// case.
   [[nodiscard]] QUrl Page(const QString& topic) const;
 
  private:

@@ -239,7 +239,7 @@ void HelpWindow::MakePanes() {
           [this](const QUrl& url) { browser_->setSource(url); });
   connect(collection_->Engine().contentModel(), &QHelpContentModel::contentsCreated, contents, [this, contents] {
     contents->expandToDepth(0);
-    contents->setCurrentIndex(contents->indexOf(browser_->source()));
+    contents->setCurrentIndex(contents->indexOf(browser_->source().adjusted(QUrl::RemoveFragment)));
   });
 
   panes_->setObjectName(QStringLiteral("help_panes"));
@@ -262,7 +262,8 @@ void HelpWindow::ConnectPage() {
     // Its count is that of the page before.
     find_bar_->hide();
     auto* contents = collection_->Engine().contentWidget();
-    if (const auto entry = contents->indexOf(url); entry.isValid()) contents->setCurrentIndex(entry);
+    if (const auto entry = contents->indexOf(url.adjusted(QUrl::RemoveFragment)); entry.isValid())
+      contents->setCurrentIndex(entry);
     const auto title = browser_->documentTitle();
     setWindowTitle(title.isEmpty() ? tr("ORVEX Help") : tr("%1 - ORVEX Help").arg(title));
   });

@@ -1,8 +1,10 @@
 #include "windows/model_dialog.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
+#include <QFocusEvent>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLayout>
@@ -20,8 +22,10 @@
 #include <algorithm>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "windows/display_text.h"
+#include "windows/entry_line.h"
 #include "windows/guarded.h"
 
 namespace orvex::windows {
@@ -31,6 +35,12 @@ namespace {
 constexpr QSize kDecoration(16, 48);
 
 QString Name(std::string_view name) { return QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size())); }
+
+template <typename Record>
+void DrawState(QWidget* widget, const Record& record) {
+  widget->setEnabled(record.enabled);
+  widget->setVisible(record.visible);
+}
 
 }  // namespace
 
@@ -43,7 +53,13 @@ ModelDialog::ModelDialog(const ViewPlace& place, const shell::WindowText& text, 
   setWindowModality(Qt::WindowModal);
   auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
   connect(help, &QShortcut::activated, this,
-          [this] { Guarded(session_, [this] { session_.host.ShowHelp(std::string(text_.topic)); }); });
+          [this] { Guarded(session_, [this] { session_.host.ShowHelp(HelpTopic()); }); });
+}
+
+ModelDialog::~ModelDialog() {
+  // A widget that goes loses the focus: nobody is to be told any more.
+  disconnect(qApp, nullptr, this, nullptr);
+  for (auto* widget : findChildren<QWidget*>()) widget->disconnect(this);
 }
 
 const shell::ControlText& ModelDialog::TextOf(std::string_view name) const {
@@ -51,6 +67,13 @@ const shell::ControlText& ModelDialog::TextOf(std::string_view name) const {
   if (found == text_.controls.end())
     throw std::logic_error(std::string(text_.name) + " has no text for " + std::string(name));
   return *found;
+}
+
+std::string ModelDialog::TopicAtFocus() const {
+  std::string topic(text_.topic);
+  const auto* control = focusWidget();
+  if (control != nullptr && !control->objectName().isEmpty()) topic += '#' + Bytes(control->objectName().toLower());
+  return topic;
 }
 
 void ModelDialog::Dress(QWidget* widget, std::string_view name) {
@@ -62,17 +85,14 @@ void ModelDialog::Dress(QWidget* widget, std::string_view name) {
   widget->setAccessibleDescription(Shown(text.tip));
 }
 
-template <typename Record>
-void ModelDialog::DrawState(QWidget* widget, const Record& record) {
-  widget->setEnabled(record.enabled);
-  widget->setVisible(record.visible);
-}
-
 QPushButton* ModelDialog::MakeButton(std::string_view name, const shell::Button& record, Action clicked) {
   auto* button = new QPushButton(Shown(TextOf(name).caption), this);
   Dress(button, name);
-  connect(button, &QPushButton::clicked, this, [this, clicked = std::move(clicked)] { Act(clicked); });
-  AlsoDraw([this, button, &record] { DrawState(button, record); });
+  connect(button, &QPushButton::clicked, this, [this, button, clicked = std::move(clicked)] {
+    TakeFocus(button);
+    Act(clicked);
+  });
+  AlsoDraw([button, &record] { DrawState(button, record); });
   return button;
 }
 
@@ -80,10 +100,12 @@ QCheckBox* ModelDialog::MakeCheckBox(std::string_view name, shell::CheckBox& rec
   auto* box = new QCheckBox(Shown(TextOf(name).caption), this);
   Dress(box, name);
   connect(box, &QCheckBox::toggled, this, [this, &record, changed = std::move(changed)](bool checked) {
-    record.checked = checked;
-    Act(changed);
+    Act([&record, changed, checked] {
+      record.checked = checked;
+      if (changed) changed();
+    });
   });
-  AlsoDraw([this, box, &record] {
+  AlsoDraw([box, &record] {
     const QSignalBlocker quiet(box);
     box->setChecked(record.checked);
     DrawState(box, record);
@@ -99,7 +121,7 @@ QRadioButton* ModelDialog::MakeOption(std::string_view name, shell::OptionButton
     // The one that is given up has told so before.
     if (is_chosen) Act(chosen);
   });
-  AlsoDraw([this, option, &record] {
+  AlsoDraw([option, &record] {
     const QSignalBlocker quiet(option);
     option->setChecked(record.chosen);
     DrawState(option, record);
@@ -109,24 +131,39 @@ QRadioButton* ModelDialog::MakeOption(std::string_view name, shell::OptionButton
 
 QLineEdit* ModelDialog::MakeTextBox(std::string_view name, shell::TextBox& record, Action edited) {
   auto* line = new QLineEdit(this);
+  BindLine(line, name, {record.text, record.enabled, record.visible, record.read_only}, std::move(edited));
+  return line;
+}
+
+QLineEdit* ModelDialog::MakeLine(std::string_view name, LineRecord record, Action edited, Action activated) {
+  auto* line = new EntryLine(this);
+  BindLine(line, name, record, std::move(edited));
+  connect(line, &EntryLine::Activated, this, [this, activated = std::move(activated)] { Act(activated); });
+  return line;
+}
+
+void ModelDialog::BindLine(QLineEdit* line, std::string_view name, LineRecord record, Action edited) {
   Dress(line, name);
   line->installEventFilter(this);
   // A text that the person leaves alone is never written back: a path need not be text that the toolkit can hold.
-  connect(line, &QLineEdit::textEdited, this, [this, &record, edited = std::move(edited)](const QString& text) {
+  connect(line, &QLineEdit::textEdited, this, [this, record, edited = std::move(edited)](const QString& text) {
     record.text = Bytes(text);
     Act(edited);
   });
-  AlsoDraw([this, line, &record] {
+  AlsoDraw([line, record] {
     const QSignalBlocker quiet(line);
     // Setting the same text anew would move the cursor.
     if (const auto text = Shown(record.text); line->text() != text) {
+      // A number that is proposed as the line is come to is there to be written over, too.
+      const bool marked = line->hasSelectedText() && line->selectedText() == line->text();
       line->setText(text);
-      if (record.read_only) line->setCursorPosition(0);
+      if (marked) line->selectAll();
+      // Of a text that is too long, its beginning.
+      if (!line->hasFocus()) line->setCursorPosition(0);
     }
     line->setReadOnly(record.read_only);
     DrawState(line, record);
   });
-  return line;
 }
 
 QComboBox* ModelDialog::MakeComboBox(std::string_view name, shell::ComboBox& record, Action chosen) {
@@ -136,7 +173,7 @@ QComboBox* ModelDialog::MakeComboBox(std::string_view name, shell::ComboBox& rec
     record.text = at < 0 ? std::string() : record.items[static_cast<std::size_t>(at)];
     Act(chosen);
   });
-  AlsoDraw([this, box, &record, drawn = std::vector<std::string>()]() mutable {
+  AlsoDraw([box, &record, drawn = std::vector<std::string>()]() mutable {
     const QSignalBlocker quiet(box);
     if (drawn != record.items) {
       drawn = record.items;
@@ -145,6 +182,32 @@ QComboBox* ModelDialog::MakeComboBox(std::string_view name, shell::ComboBox& rec
     }
     const auto at = std::ranges::find(record.items, record.text);
     box->setCurrentIndex(at == record.items.end() ? -1 : static_cast<int>(at - record.items.begin()));
+    DrawState(box, record);
+  });
+  return box;
+}
+
+ChoiceBox* ModelDialog::MakeChoice(std::string_view name, shell::ComboBox& record, ChoiceBox::Typing typing,
+                                   ChoiceActions actions) {
+  auto* box = new ChoiceBox(typing, this);
+  Dress(box, name);
+  connect(box, &ChoiceBox::Chosen, this, [this, &record, chosen = std::move(actions.chosen)](int item) {
+    Act([&record, chosen, text = record.items[static_cast<std::size_t>(item)]] {
+      record.text = text;
+      if (chosen) chosen();
+    });
+  });
+  connect(box, &ChoiceBox::Typed, this, [this, &record, typed = std::move(actions.typed)](const QString& text) {
+    record.text = Bytes(text);
+    Act(typed);
+  });
+  connect(box, &ChoiceBox::Opening, this, [this, box, opening = std::move(actions.opening)] {
+    Act(opening);
+    Act([box] { box->Opened(); });
+  });
+  connect(box, &ChoiceBox::Activated, this, [this, activated = std::move(actions.activated)] { Act(activated); });
+  AlsoDraw([box, &record] {
+    box->Draw(record);
     DrawState(box, record);
   });
   return box;
@@ -177,7 +240,7 @@ TextList* ModelDialog::MakeList(std::string_view name, shell::ListBox& record, T
 QGroupBox* ModelDialog::MakeFrame(std::string_view name, const shell::Frame& record) {
   auto* frame = new QGroupBox(Shown(TextOf(name).caption), this);
   Dress(frame, name);
-  AlsoDraw([this, frame, &record] { DrawState(frame, record); });
+  AlsoDraw([frame, &record] { DrawState(frame, record); });
   return frame;
 }
 
@@ -198,18 +261,66 @@ QLabel* ModelDialog::MakeParagraph(std::string_view name) {
   return paragraph;
 }
 
-void ModelDialog::Act(const Action& action) {
+void ModelDialog::Act(Action action) {
+  if (watched_.empty()) return Run(action);
+  deeds_.Add([this, action = std::move(action)] { Run(action); });
+}
+
+void ModelDialog::Run(const Action& action) {
   if (action) Guarded(session_, action);
   Draw();
+}
+
+void ModelDialog::ActOnFocus(Action action) {
+  deeds_.Add([this, action = std::move(action)] {
+    if (action) Guarded(session_, action);
+    if (!state_.focus.empty()) {
+      deeds_.Drop();
+      // It goes back to where the person was: that is no entering.
+      entered_ = WatchedOf(findChild<QWidget*>(Name(state_.focus)));
+    }
+    Draw();
+  });
+}
+
+void ModelDialog::WatchFocus(QWidget* control, Action entered, Action left) {
+  if (watched_.empty())
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { FollowFocus(now); });
+  watched_.insert({control, {std::move(entered), std::move(left)}});
+}
+
+QWidget* ModelDialog::WatchedOf(QWidget* widget) const {
+  while (widget != nullptr && widget != this && !watched_.contains(widget)) widget = widget->parentWidget();
+  return widget == this ? nullptr : widget;
+}
+
+void ModelDialog::FollowFocus(QWidget* now) {
+  // Other windows, lists that drop down among them, have it for a while only.
+  if (now == nullptr || now->window() != this) return;
+  auto* next = WatchedOf(now);
+  if (next == entered_) return;
+  auto* before = std::exchange(entered_, next);
+  if (before != nullptr) ActOnFocus(watched_.at(before).left);
+  if (next != nullptr) ActOnFocus(watched_.at(next).entered);
+}
+
+void ModelDialog::TakeFocus(QWidget* button) {
+  // An access key alone leaves the focus where it was.
+  if (!watched_.empty() && !button->hasFocus()) button->setFocus(Qt::ShortcutFocusReason);
 }
 
 void ModelDialog::Draw() {
   for (const auto& draw : drawings_) draw();
   if (state_.closed || session_.ended) return Unload();
-  if (state_.focus.empty()) return;
+  if (!state_.focus.empty()) MoveFocus();
+}
+
+void ModelDialog::MoveFocus() {
   auto* next = findChild<QWidget*>(Name(state_.focus));
   state_.focus = {};
   if (next == nullptr) return;
+  Reveal(*next);
+  if (deeds_.IsRunning()) return next->setFocus(Qt::OtherFocusReason);
   // Not now: the event that is being handled may itself move the focus.
   QTimer::singleShot(0, next, [next] { next->setFocus(Qt::OtherFocusReason); });
 }
@@ -217,9 +328,10 @@ void ModelDialog::Draw() {
 void ModelDialog::Prepare() {
   Draw();
   const auto room = screen()->availableSize() - kDecoration;
+  const auto wanted = sizeHint();
   ScrollWhereTooLarge(room);
   const auto remembered = settings_ == nullptr ? QSize() : settings_->value(SizeKey()).toSize();
-  resize(sizeHint().expandedTo(remembered).boundedTo(room));
+  resize(wanted.expandedTo(remembered).boundedTo(room));
 }
 
 void ModelDialog::ScrollWhereTooLarge(QSize room) {
@@ -232,6 +344,8 @@ void ModelDialog::ScrollWhereTooLarge(QSize room) {
   body->setLayout(layout());
   auto* area = new QScrollArea(this);
   area->setFrameShape(QFrame::NoFrame);
+  // It follows the focus by itself; the Tab key would stop at it with nothing to be seen.
+  area->setFocusPolicy(Qt::NoFocus);
   area->setWidgetResizable(true);
   area->setWidget(body);
   auto* around = new QVBoxLayout(this);
@@ -246,6 +360,7 @@ void ModelDialog::Unload() { done(Accepted); }
 void ModelDialog::done(int result) {
   if (settings_ != nullptr && isVisible()) settings_->setValue(SizeKey(), size());
   unloaded_ = true;
+  deeds_.Drop();
   QDialog::done(result);
 }
 
@@ -255,10 +370,14 @@ void ModelDialog::reject() {
 }
 
 bool ModelDialog::eventFilter(QObject* watched, QEvent* event) {
-  // A text that is come to is there to be written over, also by the mouse, whose press then sets the cursor.
+  // A text that is come to is there to be written over.
   if (event->type() == QEvent::FocusIn) {
     auto* line = qobject_cast<QLineEdit*>(watched);
-    if (line != nullptr && !line->isReadOnly()) QTimer::singleShot(0, line, &QLineEdit::selectAll);
+    const bool editable = line != nullptr && !line->isReadOnly();
+    if (editable) line->selectAll();
+    // The press that follows sets the cursor.
+    const bool by_mouse = static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason;
+    if (editable && by_mouse) QTimer::singleShot(0, line, &QLineEdit::selectAll);
   }
   return QDialog::eventFilter(watched, event);
 }

@@ -3,11 +3,15 @@
 #include <QDialog>
 #include <cstddef>
 #include <functional>
+#include <map>
+#include <string>
 #include <string_view>
 #include <vector>
 
 #include "shell/controls.h"
 #include "shell/session.h"
+#include "windows/choice_box.h"
+#include "windows/deed_queue.h"
 #include "windows/text_list.h"
 
 class QCheckBox;
@@ -33,16 +37,37 @@ struct ViewPlace {
 /// does is written to the record, then the model's function for the event runs, then all controls are drawn anew from
 /// their records. So a view decides nothing but where a control stands.
 ///
+/// A window that has rules for entering or leaving its controls (`WatchFocus`) runs all that the person does in order,
+/// each thing after the event that told of it: an entry is left before the next one is entered and before a command
+/// runs, also one that is called by its access key. When the model sends the focus back from a leaving, what was to
+/// come behind it does not happen. Message boxes, menus, lists that drop down and other windows are no leaving.
+///
 /// The window closes when the model says `closed`, and the focus goes where the model sends it. F1 opens the window's
 /// topic of the help; Escape and the window's own closing button press its Close or Cancel button.
 class ModelDialog : public QDialog {
   Q_OBJECT
 
  public:
+  ~ModelDialog() override;
+
   /// A function of the model; empty where an event has none.
   using Action = std::function<void()>;
   /// The same for an item of a list, counted from 0.
   using ItemAction = std::function<void(std::size_t item)>;
+  /// What happens in a box of choices.
+  struct ChoiceActions {
+    Action chosen;
+    Action typed;      ///< a text that is no item
+    Action opening;    ///< the list is to be filled
+    Action activated;  ///< Enter
+  };
+  /// What a line shows, whichever record of the model holds it.
+  struct LineRecord {
+    std::string& text;
+    const bool& enabled;
+    const bool& visible;
+    const bool& read_only;
+  };
 
   [[nodiscard]] const shell::WindowText& Text() const { return text_; }
 
@@ -50,6 +75,8 @@ class ModelDialog : public QDialog {
   void Prepare();
   /// Closes the window without asking the model.
   void Unload();
+  /// The model has closed it, though a command that it runs has not come back yet.
+  [[nodiscard]] bool IsClosedByModel() const { return state_.closed; }
   /// It was closed, perhaps by its model before it was shown.
   [[nodiscard]] bool IsUnloaded() const { return unloaded_; }
 
@@ -62,12 +89,29 @@ class ModelDialog : public QDialog {
   ModelDialog(const ViewPlace& place, const shell::WindowText& text, shell::WindowState& state);
 
   /// Runs a function of the model and draws what came of it.
-  void Act(const Action& action);
+  void Act(Action action);
+  /// The same for what follows from a move of the focus: when the model sends it back, what was to come is dropped.
+  void ActOnFocus(Action action);
+  /// Runs functions of the model when the control, or one inside of it, gets the focus and when it loses it.
+  void WatchFocus(QWidget* control, Action entered, Action left);
+  /// The watched control that has the focus; null if none has.
+  [[nodiscard]] QWidget* Entered() const { return entered_; }
+
+  /// The window's topic, at the place that tells of the control that has the focus.
+  [[nodiscard]] std::string TopicAtFocus() const;
+  /// Topic of the help for where the person is.
+  [[nodiscard]] virtual std::string HelpTopic() const { return std::string(text_.topic); }
+  /// Brings a control that is to have the focus into sight.
+  virtual void Reveal(QWidget& /*control*/) {}
 
   QPushButton* MakeButton(std::string_view name, const shell::Button& record, Action clicked);
   QCheckBox* MakeCheckBox(std::string_view name, shell::CheckBox& record, Action changed);
   QRadioButton* MakeOption(std::string_view name, shell::OptionButton& record, Action chosen);
   QLineEdit* MakeTextBox(std::string_view name, shell::TextBox& record, Action edited);
+  /// @param activated by Enter or a double click
+  QLineEdit* MakeLine(std::string_view name, LineRecord record, Action edited, Action activated);
+  ChoiceBox* MakeChoice(std::string_view name, shell::ComboBox& record, ChoiceBox::Typing typing,
+                        ChoiceActions actions);
   QComboBox* MakeComboBox(std::string_view name, shell::ComboBox& record, Action chosen);
   /// @param emptied for when nothing is selected any more
   TextList* MakeList(std::string_view name, shell::ListBox& record, TextList::Choice choice, TextList::Find find,
@@ -87,19 +131,32 @@ class ModelDialog : public QDialog {
 
   shell::Session& session_;
 
- private:
   [[nodiscard]] const shell::ControlText& TextOf(std::string_view name) const;
+  /// Names a widget, and gives it its tip and what is read aloud.
   void Dress(QWidget* widget, std::string_view name);
-  template <typename Record>
-  void DrawState(QWidget* widget, const Record& record);
+
+ private:
+  void BindLine(QLineEdit* line, std::string_view name, LineRecord record, Action edited);
   void Draw();
+  void MoveFocus();
+  void Run(const Action& action);
+  void TakeFocus(QWidget* button);
+  void FollowFocus(QWidget* now);
+  [[nodiscard]] QWidget* WatchedOf(QWidget* widget) const;
   void ScrollWhereTooLarge(QSize room);
   [[nodiscard]] QString SizeKey() const;
+
+  struct FocusActions {
+    Action entered, left;
+  };
 
   const shell::WindowText& text_;
   shell::WindowState& state_;
   QSettings* settings_;
   std::vector<Action> drawings_;
+  std::map<QWidget*, FocusActions> watched_;
+  QWidget* entered_ = nullptr;  ///< of the watched controls, as the model has been told, or is about to be
+  DeedQueue deeds_;
   QPushButton* close_button_ = nullptr;
   bool unloaded_ = false;
 };

@@ -178,9 +178,20 @@ QSize TextList::sizeHint() const { return SizeOf(kUsualLetters, kUsualRows); }
 
 QSize TextList::minimumSizeHint() const { return SizeOf(kLeastLetters, kLeastRows); }
 
+bool TextList::SelectsCurrent(const QKeyEvent& key) {
+  const auto current = view_->currentIndex();
+  const bool moves = key.key() == Qt::Key_Down || key.key() == Qt::Key_Up;
+  if (!moves || key.modifiers() != Qt::NoModifier || !current.isValid() || !Selected().empty()) return false;
+  view_->selectionModel()->select(current, QItemSelectionModel::ClearAndSelect);
+  if (view_->selectionMode() == QAbstractItemView::ExtendedSelection) Q_EMIT Picked(model_->ItemOf(current.row()));
+  return true;
+}
+
 bool TextList::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::KeyPress || find_ == nullptr) return QWidget::eventFilter(watched, event);
+  if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
   auto& key = *static_cast<QKeyEvent*>(event);
+  if (watched == view_ && SelectsCurrent(key)) return true;
+  if (find_ == nullptr) return QWidget::eventFilter(watched, event);
   if (watched == view_ && WritesLetter(key)) {
     find_->setFocus(Qt::ShortcutFocusReason);
     find_->selectAll();

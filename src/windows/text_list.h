@@ -9,6 +9,7 @@
 
 #include "shell/controls.h"
 
+class QKeyEvent;
 class QLineEdit;
 class QListView;
 
@@ -73,6 +74,9 @@ class TextList : public QWidget {
 
  private:
   void Select(const std::vector<std::size_t>& items);
+  /// In a list that is come to, a row is the current one, though not selected: an arrow key takes it before it goes on,
+  /// else the first row could not be had, and the only one never. Whether it did.
+  bool SelectsCurrent(const QKeyEvent& key);
   [[nodiscard]] QSize SizeOf(int letters, int rows) const;
 
   TextListModel* model_;

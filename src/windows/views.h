@@ -18,5 +18,13 @@ std::unique_ptr<ModelDialog> MakeFrmtankrep(const ViewPlace& place);
 std::unique_ptr<ModelDialog> MakeFrmmonth(const ViewPlace& place);
 std::unique_ptr<ModelDialog> MakeFrmreptyp(const ViewPlace& place);
 std::unique_ptr<ModelDialog> MakeFrmprintrep(const ViewPlace& place);
+std::unique_ptr<ModelDialog> MakeFrmeditrec(const ViewPlace& place);
+std::unique_ptr<ModelDialog> MakeFrmrecdelete(const ViewPlace& place);
+// Of the tank that is open in the editor.
+std::unique_ptr<ModelDialog> MakeFrmTank(const ViewPlace& place);
+std::unique_ptr<ModelDialog> MakeFrmCopyData(const ViewPlace& place);
+std::unique_ptr<ModelDialog> MakeFrmcomponent(const ViewPlace& place);
+std::unique_ptr<ModelDialog> MakeFrmspecpro(const ViewPlace& place);
+std::unique_ptr<ModelDialog> MakeFrmrecfit(const ViewPlace& place);
 
 }  // namespace orvex::windows

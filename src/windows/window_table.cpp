@@ -4,6 +4,13 @@
 #include <stdexcept>
 #include <string>
 
+#include "entry/frmcomponent.h"
+#include "entry/frmcopydata.h"
+#include "entry/frmeditrec.h"
+#include "entry/frmrecdelete.h"
+#include "entry/frmrecfit.h"
+#include "entry/frmspecpro.h"
+#include "entry/frmtank_text.h"
 #include "reports/frmmonth.h"
 #include "reports/frmprintrep.h"
 #include "reports/frmreptyp.h"
@@ -21,12 +28,24 @@ namespace orvex::windows {
 namespace {
 
 constexpr WindowEntry kWindows[] = {
-    {shell::kFrmstartText, MakeFrmstart},           {shell::kFrmNoticeText, MakeFrmNotice},
-    {shell::kFrmoverviewText, MakeFrmoverview},     {shell::kFrmqmenuText, MakeFrmqmenu},
-    {shell::kFrmChangeText, MakeFrmChange},         {shell::kFrmtankdataText, MakeFrmtankdata},
-    {shell::kFrmclientdataText, MakeFrmclientdata}, {reports::kFrmtankrepText, MakeFrmtankrep},
-    {reports::kFrmmonthText, MakeFrmmonth},         {reports::kFrmreptypText, MakeFrmreptyp},
+    {shell::kFrmstartText, MakeFrmstart},
+    {shell::kFrmNoticeText, MakeFrmNotice},
+    {shell::kFrmoverviewText, MakeFrmoverview},
+    {shell::kFrmqmenuText, MakeFrmqmenu},
+    {shell::kFrmChangeText, MakeFrmChange},
+    {shell::kFrmtankdataText, MakeFrmtankdata},
+    {shell::kFrmclientdataText, MakeFrmclientdata},
+    {reports::kFrmtankrepText, MakeFrmtankrep},
+    {reports::kFrmmonthText, MakeFrmmonth},
+    {reports::kFrmreptypText, MakeFrmreptyp},
     {reports::kFrmprintrepText, MakeFrmprintrep},
+    {entry::kFrmeditrecText, MakeFrmeditrec},
+    {entry::kFrmrecdeleteText, MakeFrmrecdelete},
+    {entry::kFrmTankText, MakeFrmTank, true},
+    {entry::kFrmCopyDataText, MakeFrmCopyData, true},
+    {entry::kFrmcomponentText, MakeFrmcomponent, true},
+    {entry::kFrmspecproText, MakeFrmspecpro, true},
+    {entry::kFrmrecfitText, MakeFrmrecfit, true},
 };
 
 }  // namespace

@@ -11,6 +11,7 @@ namespace orvex::windows {
 struct WindowEntry {
   const shell::WindowText& text;
   std::unique_ptr<ModelDialog> (*make)(const ViewPlace& place);
+  bool needs_tank = false;  ///< it is, or works on, the open tank editor
 };
 
 /// Every window but the main one.

@@ -77,7 +77,7 @@ Captions BesidesTheMonths(const shell::WindowText& window) {
 TEST(WindowTexts, OfTheMonths) {
   EXPECT_EQ(
       BesidesTheMonths(kFrmmonthText),
-      (Captions{{"cmdAll", "&All"}, {"cmdRunReport", "&Run Report"}, {"cmdClose", "&Close"}, {"cmdHelp", "&Help"}}));
+      (Captions{{"cmdAll", "&All"}, {"cmdRunReport", "&Run Report"}, {"cmdClose", "Close"}, {"cmdHelp", "&Help"}}));
 }
 
 TEST(WindowTexts, OfTheReportType) {

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <iterator>
 
+#include "entry/entry_commands.h"
 #include "reports/report_commands.h"
 #include "shell/session.h"
 #include "shell/shell_commands.h"
@@ -30,6 +31,7 @@ class DesktopTest : public testing::Test {
     auto& commands = session_.commands;
     commands.insert(commands.end(), std::begin(shell::kShellCommands), std::end(shell::kShellCommands));
     commands.insert(commands.end(), std::begin(reports::kReportCommands), std::end(reports::kReportCommands));
+    entry::AddTankEntry(session_);
     host_.Attach(session_);
     host_.ShowMainWindow();
   }

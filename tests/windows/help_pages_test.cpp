@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <cctype>
 #include <charconv>
 #include <filesystem>
 #include <regex>
@@ -14,6 +15,13 @@
 #include "emission/fitting_counts.h"
 #include "emission/floating_roof.h"
 #include "emission/solar.h"
+#include "entry/frmcomponent.h"
+#include "entry/frmcopydata.h"
+#include "entry/frmeditrec.h"
+#include "entry/frmrecdelete.h"
+#include "entry/frmrecfit.h"
+#include "entry/frmspecpro.h"
+#include "entry/frmtank_text.h"
 #include "reports/frmmonth.h"
 #include "reports/frmprintrep.h"
 #include "reports/frmreptyp.h"
@@ -44,6 +52,11 @@ constexpr const shell::WindowText* kWindows[] = {
     &shell::kFrmChangeText,    &shell::kFrmtankdataText, &shell::kFrmclientdataText, &reports::kFrmmonthText,
     &reports::kFrmtankrepText, &reports::kFrmreptypText, &reports::kFrmprintrepText};
 
+/// The small windows of tank entry.
+constexpr const shell::WindowText* kEntryWindows[] = {&entry::kFrmeditrecText,   &entry::kFrmrecdeleteText,
+                                                      &entry::kFrmCopyDataText,  &entry::kFrmrecfitText,
+                                                      &entry::kFrmcomponentText, &entry::kFrmspecproText};
+
 /// What the windows, the menus and the other pages ask for.
 constexpr std::string_view kTopics[] = {"index",
                                         "first_report",
@@ -67,7 +80,18 @@ constexpr std::string_view kTopics[] = {"index",
                                         "weather",
                                         "chemicals",
                                         "tank_fields",
-                                        "reports_read"};
+                                        "reports_read",
+                                        "tank_entry",
+                                        "tank_identification",
+                                        "tank_physical",
+                                        "tank_site",
+                                        "tank_liquid",
+                                        "tank_months",
+                                        "components",
+                                        "fittings_entry",
+                                        "copy_tank",
+                                        "edit_tank",
+                                        "delete_tanks"};
 
 std::string Page(std::string_view topic) { return FileContent(kPages / (std::string(topic) + ".html")); }
 
@@ -180,15 +204,38 @@ TEST(HelpPages, WriteEquationsWithIndicesAndExponents) {
                         "<i>H</i><sub>VO</sub></p>"));
 }
 
+/// A source file without what only a mistake in the program can say.
+std::string WhatPeopleRead(const std::filesystem::path& source) {
+  return std::regex_replace(FileContent(source), std::regex(R"re(std::(?:out_of_range|logic_error)\([^;]*;)re"), "");
+}
+
 /// The texts of a source file that a person reads as sentences; those that stand behind one another are one.
 std::vector<std::string> Sentences(const std::filesystem::path& source) {
   std::vector<std::string> found;
-  for (const auto& literals : AllOf(FileContent(source), R"re(("(?:[^"\\\n]|\\.)*"(?:\s*"(?:[^"\\\n]|\\.)*")*))re")) {
-    const auto text = Trimmed(std::regex_replace(literals, std::regex("\"\\s*\"|\""), ""));
-    if (text.find(' ') != std::string::npos && std::string_view(".!)").find(text.back()) != std::string_view::npos)
+  for (const auto& literals :
+       AllOf(WhatPeopleRead(source), R"re(("(?:[^"\\\n]|\\.)*"(?:\s*"(?:[^"\\\n]|\\.)*")*))re")) {
+    auto text = std::regex_replace(literals, std::regex(R"re(([^\\])"\s*"|^"|"$)re"), "$1");
+    text = std::regex_replace(text, std::regex(R"re(\\r|\\n)re"), " ");
+    text = Trimmed(std::regex_replace(text, std::regex(R"re(\\")re"), "\""));
+    if (text.starts_with("SELECT ")) continue;
+    if (text.find(' ') != std::string::npos && std::string_view(".!?)").find(text.back()) != std::string_view::npos)
       found.push_back(Words(text));
   }
   return found;
+}
+
+/// How many messages of a source file there are; each must be told on the page of messages.
+int ExpectMessagesTold(const std::filesystem::path& source, const std::string& errors) {
+  const auto sentences = Sentences(source);
+  for (const auto& sentence : sentences) {
+    // A name or number stands where the braces are.
+    for (std::size_t from = 0; from < sentence.size();) {
+      const auto gap = std::min(sentence.find("{}", from), sentence.size());
+      EXPECT_THAT(errors, HasSubstr(Trimmed(sentence.substr(from, gap - from)))) << source;
+      from = gap + 2;
+    }
+  }
+  return static_cast<int>(sentences.size());
 }
 
 TEST(HelpPages, ExplainEveryMessage) {
@@ -197,18 +244,17 @@ TEST(HelpPages, ExplainEveryMessage) {
   for (const auto* name :
        {"emission/validate.cpp", "emission/validate_tank.cpp", "emission/validate_mixtures.cpp",
         "emission/validate_throughput.cpp", "emission/emiss_fix.cpp", "emission/emiss_float.cpp", "shell/backup.cpp",
-        "shell/frmchange.cpp", "shell/start_up.cpp", "shell/database_locations.h", "reports/frmprintrep.cpp"}) {
-    for (const auto& sentence : Sentences(kSources / name)) {
-      ++messages;
-      // A name or number stands where the braces are.
-      for (std::size_t from = 0; from < sentence.size();) {
-        const auto gap = std::min(sentence.find("{}", from), sentence.size());
-        EXPECT_THAT(errors, HasSubstr(Trimmed(sentence.substr(from, gap - from)))) << name;
-        from = gap + 2;
-      }
-    }
-  }
+        "shell/frmchange.cpp", "shell/start_up.cpp", "shell/database_locations.h", "reports/frmprintrep.cpp"})
+    messages += ExpectMessagesTold(kSources / name, errors);
   EXPECT_GT(messages, 60);
+}
+
+TEST(HelpPages, ExplainEveryMessageOfTankEntry) {
+  const auto errors = Words(Page("errors"));
+  int messages = 0;
+  for (const auto& source : std::filesystem::directory_iterator(kSources / "entry"))
+    if (source.path().extension() == ".cpp") messages += ExpectMessagesTold(source.path(), errors);
+  EXPECT_GT(messages, 30);
 }
 
 /// A text as a person reads it: without the mark of its access key.
@@ -239,6 +285,62 @@ TEST(HelpPages, AreThereForEveryWindowAndTellEveryControlOfIt) {
   }
 }
 
+/// The page of the help on a page of the tank editor.
+std::string_view TopicOf(entry::Section section) {
+  if (section == entry::Section::kIdentification) return "tank_identification";
+  if (section == entry::Section::kSite) return "tank_site";
+  return section < entry::Section::kSite ? "tank_physical" : "tank_liquid";
+}
+
+/// A page that tells a control has an anchor for it, which the control's key for help leads to.
+void ExpectControlTold(std::string_view topic, const shell::ControlText& control) {
+  std::string name(control.name);
+  std::ranges::transform(name, name.begin(), [](unsigned char letter) { return std::tolower(letter); });
+  EXPECT_THAT(Page(topic), HasSubstr(fmt::format("<a name=\"{}\"></a>", name))) << topic;
+  EXPECT_THAT(PageText(topic), HasSubstr(Read(control.caption))) << topic << " " << name;
+}
+
+TEST(HelpPages, TellEveryControlOfTheSmallWindowsOfTankEntry) {
+  for (const auto* window : kEntryWindows) {
+    EXPECT_THAT(PageText(window->topic), HasSubstr(std::string(window->title)));
+    for (const auto& control : window->controls) ExpectControlTold(window->topic, control);
+  }
+}
+
+TEST(HelpPages, TellEveryEntryOfATankAndEveryItemOfItsLists) {
+  for (const auto& info : entry::kEntryInfos) {
+    const auto topic = TopicOf(info.section);
+    ExpectControlTold(topic, info.text);
+    for (auto item : info.items) {
+      if (item.ends_with(entry::kDefaultMark)) item.remove_suffix(entry::kDefaultMark.size());
+      EXPECT_THAT(PageText(topic), HasSubstr(Words(std::string(item)))) << info.text.name;
+    }
+  }
+}
+
+TEST(HelpPages, TellEveryMonthOfATank) {
+  for (const auto& month : entry::kMonthTexts) {
+    ExpectControlTold("tank_months", {month.chk.name, "", ""});
+    ExpectControlTold("tank_months", month.txtThru);
+    ExpectControlTold("tank_months", month.cboMix);
+  }
+}
+
+TEST(HelpPages, TellEveryCommandOfATank) {
+  const std::string_view topics[] = {"tank_entry", "tank_physical", "tank_liquid", "tank_months"};
+  for (const auto& control : entry::kFrmTankCommands) {
+    if (control.name == "tabPages") continue;
+    std::string name(control.name);
+    std::ranges::transform(name, name.begin(), [](unsigned char letter) { return std::tolower(letter); });
+    const auto* const topic = std::ranges::find_if(topics, [&](std::string_view page) {
+      return Page(page).find(fmt::format("<a name=\"{}\"></a>", name)) != std::string::npos;
+    });
+    ASSERT_NE(topic, std::end(topics)) << name;
+    ExpectControlTold(*topic, control);
+  }
+  for (const auto caption : entry::kPageCaptions) EXPECT_THAT(PageText("tank_entry"), HasSubstr(Read(caption)));
+}
+
 void ExpectMenuTold(std::span<const shell::MenuEntry> menu, const std::string& text) {
   for (const auto& entry : menu) {
     if (entry.IsSeparator()) continue;
@@ -247,8 +349,9 @@ void ExpectMenuTold(std::span<const shell::MenuEntry> menu, const std::string& t
   }
 }
 
-TEST(HelpPages, TellTheMenusOfReportsBackupAndHelp) {
+TEST(HelpPages, TellTheMenusOfTanksReportsBackupAndHelp) {
   const auto text = PageText("main_window");
+  ExpectMenuTold(shell::kTanksMenu, text);
   ExpectMenuTold(shell::kReportMenu, text);
   ExpectMenuTold(shell::kHelpMenu, text);
   for (const auto& command : {"Backup Tank Database", "Backup Client Database", "Change Database Locations", "Exit"})

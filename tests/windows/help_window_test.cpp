@@ -17,6 +17,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTabWidget>
+#include <QTextBlock>
 #include <QTextBrowser>
 #include <QWindow>
 #include <fstream>
@@ -87,6 +88,23 @@ TEST_F(HelpWindowTest, OpensATopicAndListsItInTheContents) {
   auto& contents = Find<QHelpContentWidget>(window, "help_contents");
   ASSERT_TRUE(WaitFor([&] { return contents.currentIndex().isValid(); }));
   EXPECT_EQ(contents.currentIndex().data().toString().toStdString(), "Choose Tank(s) For Report");
+}
+
+TEST_F(HelpWindowTest, OpensATopicAtOneOfItsControls) {
+  auto& window = Show(QStringLiteral("tank_physical#txtdeckseamlengthit"));
+  EXPECT_EQ(Heading(window), "Tank entry: Physical Characteristics");
+  EXPECT_EQ(Fault(window), "");
+  auto& page = Page(window);
+  ASSERT_TRUE(WaitFor([&] { return page.verticalScrollBar()->value() > 0; }));
+  const auto row = page.cursorForPosition({page.viewport()->width() / 4, 5});
+  EXPECT_EQ(row.block().text().toStdString(), "Deck Seam Length (ft)");
+}
+
+TEST_F(HelpWindowTest, OpensATopicAtItsTopForAControlThatItDoesNotTell) {
+  auto& window = Show(QStringLiteral("tank_site#cmdsave"));
+  EXPECT_EQ(Heading(window), "Tank entry: Site");
+  EXPECT_EQ(Fault(window), "");
+  EXPECT_EQ(Page(window).verticalScrollBar()->value(), 0);
 }
 
 TEST_F(HelpWindowTest, IsTheSameWindowForEveryTopic) {

@@ -12,14 +12,15 @@
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 #include <utility>
-
-#include "windows/pages.h"
 
 namespace orvex::test {
 namespace {
 
-constexpr int kLookEveryMs = 15;
+constexpr int kLookEveryMs = 5;
+/// A message box that nobody reckoned with does not go by itself.
+constexpr int kMessagePatienceMs = 2'000;
 
 void ReadAndPress(QWidget& window, const QString& button) {
   for (auto* candidate : window.findChildren<QAbstractButton*>())
@@ -27,8 +28,8 @@ void ReadAndPress(QWidget& window, const QString& button) {
   ADD_FAILURE() << "the message has no button " << button.toStdString();
 }
 
-QString TextOf(QWidget& window) {
-  auto* message = qobject_cast<QMessageBox*>(&window);
+QString TextOf(const QWidget& window) {
+  const auto* message = qobject_cast<const QMessageBox*>(&window);
   return message == nullptr ? QString() : message->text();
 }
 
@@ -41,7 +42,7 @@ QWidget* TopWindow() {
   return nullptr;
 }
 
-Person::Person() {
+Person::Person(int patience_ms) : patience_ms_(patience_ms) {
   QTimer::singleShot(kLookEveryMs, this, [this] { Look(); });
 }
 
@@ -49,7 +50,16 @@ Person::~Person() {
   for (const auto& plan : plans_) ADD_FAILURE() << "never came to " << plan.window.toStdString();
 }
 
-void Person::In(const QString& window, Deed deed) { plans_.push_back({window, std::move(deed)}); }
+void Person::In(const QString& window, Deed deed) {
+  Until(window, [deed = std::move(deed)](QWidget& found) {
+    deed(found);
+    return true;
+  });
+}
+
+void Person::Until(const QString& window, std::function<bool(QWidget& window)> deed) {
+  plans_.push_back({window, std::move(deed)});
+}
 
 void Person::Press(const QString& window, const QString& button) {
   In(window, [button](QWidget& found) { Click(Find<QAbstractButton>(found, button)); });
@@ -101,26 +111,33 @@ void Person::Look() {
   // A deed may open a window and come back when that is closed; looking on is not its business.
   QTimer::singleShot(kLookEveryMs, this, [this] { Look(); });
   auto* top = TopWindow();
-  if (plans_.empty() || top == nullptr || !top->isVisible() || top->objectName() != plans_.front().window) {
-    waited_ms_ += kLookEveryMs;
-    if (waited_ms_ > kPatienceMs / 2) GiveUp();
-    return;
-  }
+  const bool awaited = !plans_.empty() && top != nullptr && top->isVisible() &&
+                       top->objectName() == plans_.front().window && std::ranges::count(working_in_, top) == 0;
+  if (!awaited) return Wait(top);
   waited_ms_ = 0;
-  const auto plan = std::move(plans_.front());
+  auto plan = std::move(plans_.front());
   plans_.pop_front();
+  working_in_.push_back(top);
   try {
-    plan.deed(*top);
+    if (!plan.deed(*top)) plans_.push_front(std::move(plan));
   } catch (const std::exception& fault) {
     ADD_FAILURE() << fault.what();
     GiveUp();
   }
+  working_in_.pop_back();
+}
+
+void Person::Wait(const QWidget* top) {
+  waited_ms_ += kLookEveryMs;
+  const bool message = top != nullptr && top->objectName() == QStringLiteral("message") && !plans_.empty();
+  if (waited_ms_ > (message ? kMessagePatienceMs : patience_ms_)) GiveUp();
 }
 
 void Person::GiveUp() {
   const auto* top = TopWindow();
   if (!plans_.empty()) ADD_FAILURE() << "waiting for " << plans_.front().window.toStdString();
-  ADD_FAILURE() << "what is there: " << (top == nullptr ? "nothing" : top->objectName().toStdString());
+  ADD_FAILURE() << "what is there: " << (top == nullptr ? "nothing" : top->objectName().toStdString()) << ' '
+                << (top == nullptr ? "" : TextOf(*top).toStdString());
   plans_.clear();
   waited_ms_ = 0;
   while (auto* modal = qobject_cast<QDialog*>(QApplication::activeModalWidget())) modal->QDialog::done(0);

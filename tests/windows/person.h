@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "windows/pages.h"
+
 namespace orvex::test {
 
 /// Somebody at the keyboard and the mouse of the windows under test: waits for each window in turn and works in it. A
@@ -17,11 +19,14 @@ class Person : public QObject {
  public:
   using Deed = std::function<void(QWidget& window)>;
 
-  Person();
+  /// @param patience_ms how long to wait for a window
+  explicit Person(int patience_ms = kPatienceMs / 2);
   ~Person() override;
 
   /// When the window of this object name is on top: "MDIForm1" only while nothing stands before it.
   void In(const QString& window, Deed deed);
+  /// The same, again and again until the deed says that it is done.
+  virtual void Until(const QString& window, std::function<bool(QWidget& window)> deed);
   /// Presses a button of the window.
   void Press(const QString& window, const QString& button);
   /// Reads a message box, which must hold exactly this text, and presses one of its buttons ("OK", "Yes", "No").
@@ -38,12 +43,15 @@ class Person : public QObject {
  private:
   struct Plan {
     QString window;
-    Deed deed;
+    std::function<bool(QWidget& window)> deed;
   };
   void Look();
+  void Wait(const QWidget* top);
   void GiveUp();
 
   std::deque<Plan> plans_;
+  std::vector<const QWidget*> working_in_;  ///< the windows of the deeds that have not come back
+  int patience_ms_;
   int waited_ms_ = 0;
 };
 

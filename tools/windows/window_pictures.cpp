@@ -9,13 +9,16 @@
 #include <QStyleFactory>
 #include <QTemporaryDir>
 #include <QTest>
+#include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <iostream>
 #include <iterator>
 #include <string>
 #include <string_view>
 
+#include "entry/entry_commands.h"
 #include "reports/report_commands.h"
 #include "shell/session.h"
 #include "shell/shell_commands.h"
@@ -23,6 +26,7 @@
 #include "windows/desktop_host.h"
 #include "windows/display_text.h"
 #include "windows/main_window.h"
+#include "windows/tank_pictures.h"
 #include "windows/web_application.h"
 #include "windows/window_table.h"
 
@@ -63,6 +67,16 @@ void ChooseMonthlyBrief(QWidget& window) {
 
 constexpr Pose kPoses[] = {{"Frmtankrep", ChooseTanks}, {"Frmmonth", TickMonths}, {"Frmreptyp", ChooseMonthlyBrief}};
 
+/// A small screen of today, on which the windows have the size that a person sees.
+constexpr const char* kScreen =
+    R"({"screens": [{"name": "small", "x": 0, "y": 0, "width": 1024, "height": 768, "logicalDpi": 96, "dpr": 1}]})";
+
+/// The toolkit's platform without a screen shows the windows on the one that a file tells of.
+void UseSmallScreen(const fs::path& file) {
+  std::ofstream(file) << kScreen;
+  setenv("QT_QPA_PLATFORM", ("offscreen:configfile=" + file.string()).c_str(), 0);
+}
+
 QPalette DarkPalette() {
   QPalette dark(QColor(53, 53, 53), QColor(42, 42, 42));
   dark.setColor(QPalette::Highlight, QColor(42, 130, 218));
@@ -102,13 +116,16 @@ void TakePictures(const fs::path& reference, const fs::path& client, const fs::p
   session.commands.assign(std::begin(shell::kShellCommands), std::end(shell::kShellCommands));
   session.commands.insert(session.commands.end(), std::begin(reports::kReportCommands),
                           std::end(reports::kReportCommands));
+  entry::AddTankEntry(session);
   host.Attach(session);
   host.SetPathPanel(shell::PathPanel::kTank, session.TankPath);
   host.SetPathPanel(shell::PathPanel::kClient, session.ClientPath);
   host.ShowMainWindow();
   host.Main().resize(kMainSize.expandedTo(host.Main().minimumSizeHint()));
   Save(host.Main(), folder / "MDIForm1.png");
+  TakeTankPictures(session, [&](QWidget& window, const fs::path& file) { Save(window, folder / file); });
   for (const auto& entry : windows::WindowTable()) {
+    if (entry.needs_tank) continue;
     const auto window = entry.make({session, &host.Main(), nullptr});
     window->Prepare();
     window->show();
@@ -128,6 +145,8 @@ int main(int count, char** arguments) {
     std::cerr << "window_pictures REFERENCE CLIENT FOLDER [usual|large|dark]\n";
     return 64;
   }
+  const QTemporaryDir settings;
+  orvex::UseSmallScreen(settings.filePath(QStringLiteral("screen.json")).toStdString());
   const orvex::windows::WebApplication application("window_pictures", orvex::windows::Screen::kNone);
   orvex::SetLook(count > 4 ? arguments[4] : "usual");
   try {

@@ -1,0 +1,158 @@
+#include "windows/frmtank_view.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QShortcut>
+#include <QShowEvent>
+#include <QSignalBlocker>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+#include "entry/copy_command.h"
+#include "entry/entry_events.h"
+#include "entry/tank_entry.h"
+#include "entry/tank_lifecycle.h"
+#include "windows/display_text.h"
+#include "windows/record_label.h"
+#include "windows/views.h"
+
+namespace orvex::windows {
+namespace {
+
+using entry::FrmTank;
+using entry::Page;
+
+/// Of the help, by `Page`.
+constexpr std::string_view kPageTopics[] = {"tank_identification", "tank_physical", "tank_site", "tank_liquid",
+                                            "tank_months"};
+
+/// An entry; commands can be come to, but there is nothing to enter in them.
+bool CanBeEntered(const QWidget& widget, const QWidget& page) {
+  const auto* line = qobject_cast<const QLineEdit*>(&widget);
+  return qobject_cast<const QPushButton*>(&widget) == nullptr && page.isAncestorOf(&widget) &&
+         (widget.focusPolicy() & Qt::TabFocus) != 0 && widget.isEnabled() && widget.isVisibleTo(&page) &&
+         (line == nullptr || !line->isReadOnly());
+}
+
+}  // namespace
+
+FrmTankView::FrmTankView(const ViewPlace& place, FrmTank& form)
+    : ModelDialog(place, entry::kFrmTankText, form.window),
+      form_(form),
+      tabs_(new QTabBar(this)),
+      pages_(new QStackedWidget(this)) {
+  MakePages();
+  auto* column = new QVBoxLayout(this);
+  column->addWidget(tabs_);
+  column->addWidget(pages_, 1);
+  column->addLayout(MakeFoot());
+  NoDefaultButton(*this);
+  AlsoDraw([this] {
+    const QSignalBlocker quiet(tabs_);
+    tabs_->setCurrentIndex(static_cast<int>(form_.page));
+    pages_->setCurrentIndex(static_cast<int>(form_.page));
+    setWindowTitle(Shown(form_.tank_type));
+  });
+}
+
+ModelDialog::Action FrmTankView::Do(Command command) {
+  return [this, command] { command(session_, form_); };
+}
+
+ModelDialog::Action FrmTankView::Do(MonthCommand command, std::size_t month) {
+  return [this, command, month] { command(session_, form_, month); };
+}
+
+ModelDialog::Action FrmTankView::Do(EntryCommand command, const entry::Entry& entry) {
+  return [this, command, control = entry.info->text.name] { command(session_, form_, control); };
+}
+
+QPushButton* FrmTankView::MakeCommand(std::string_view name, const shell::Button& record, Command command) {
+  return MakeButton(name, record, Do(command));
+}
+
+void FrmTankView::MakePages() {
+  Dress(tabs_, "tabPages");
+  tabs_->setAccessibleName(tr("Pages"));
+  tabs_->setExpanding(false);
+  tabs_->setUsesScrollButtons(true);
+  for (const auto caption : entry::kPageCaptions) tabs_->addTab(Shown(caption));
+  for (auto* page : {MakeIdentificationPage(), MakePhysicalPage(), MakeSitePage(), MakeLiquidPage(), MakeMonthlyPage()})
+    pages_->addWidget(page);
+  connect(tabs_, &QTabBar::currentChanged, this, &FrmTankView::ChoosePage);
+  for (const int step : {1, -1}) {
+    auto* keys = new QShortcut(step > 0 ? QKeySequence::NextChild : QKeySequence::PreviousChild, this);
+    connect(keys, &QShortcut::activated, this,
+            [this, step] { tabs_->setCurrentIndex((tabs_->currentIndex() + step + tabs_->count()) % tabs_->count()); });
+  }
+}
+
+void FrmTankView::ChoosePage(int page) {
+  // What has the focus is left before the page is.
+  const bool stays = tabs_->hasFocus();
+  tabs_->setFocus(Qt::OtherFocusReason);
+  ActOnFocus([this, page] { entry::ChangePage(session_, form_, static_cast<Page>(page)); });
+  if (!stays) Act([this] { GoToFirstEntry(); });
+}
+
+void FrmTankView::GoToFirstEntry() {
+  auto* page = pages_->currentWidget();
+  for (auto* next = page->nextInFocusChain(); next != page; next = next->nextInFocusChain())
+    if (CanBeEntered(*next, *page)) return next->setFocus(Qt::TabFocusReason);
+}
+
+int FrmTankView::PageOf(const QWidget& control) const {
+  for (int page = 0; page < pages_->count(); ++page)
+    if (pages_->widget(page)->isAncestorOf(&control)) return page;
+  return -1;
+}
+
+void FrmTankView::Reveal(QWidget& control) {
+  const int page = PageOf(control);
+  if (page < 0 || page == pages_->currentIndex()) return;
+  form_.page = static_cast<Page>(page);
+  const QSignalBlocker quiet(tabs_);
+  tabs_->setCurrentIndex(page);
+  pages_->setCurrentIndex(page);
+}
+
+std::string FrmTankView::HelpTopic() const {
+  std::string topic(kPageTopics[static_cast<std::size_t>(form_.page)]);
+  if (Entered() != nullptr) topic += '#' + Bytes(Entered()->objectName().toLower());
+  return topic;
+}
+
+void FrmTankView::showEvent(QShowEvent* event) {
+  ModelDialog::showEvent(event);
+  if (!event->spontaneous()) GoToFirstEntry();
+}
+
+void FrmTankView::keyPressEvent(QKeyEvent* event) {
+  auto* button = qobject_cast<QPushButton*>(focusWidget());
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (!enter || button == nullptr) return ModelDialog::keyPressEvent(event);
+  button->click();
+}
+
+QHBoxLayout* FrmTankView::MakeFoot() {
+  auto* foot = new QHBoxLayout;
+  foot->addWidget(MakeCommand("cmdHelp", form_.cmdHelp, entry::ClickHelp));
+  foot->addWidget(MakeCommand("cmdCopy", form_.cmdCopy, entry::ClickCopy));
+  foot->addWidget(MakeCommand("cmdAbandon", form_.cmdAbandon, entry::ClickAbandon));
+  foot->addStretch(1);
+  foot->addWidget(MakeCommand("cmdRunReport", form_.cmdRunReport, entry::ClickRunReport));
+  foot->addWidget(MakeCommand("cmdSave", form_.cmdSave, entry::ClickSave));
+  auto* close = MakeCommand("cmdClose", form_.cmdClose, entry::ClickClose);
+  foot->addWidget(close);
+  SetCloseButton(close);
+  return foot;
+}
+
+std::unique_ptr<ModelDialog> MakeFrmTank(const ViewPlace& place) {
+  return std::make_unique<FrmTankView>(place, entry::Editor(place.session));
+}
+
+}  // namespace orvex::windows
