@@ -6,6 +6,7 @@
 #include <exception>
 #include <vector>
 
+#include "entry_case.h"
 #include "measurement.h"
 #include "record_case.h"
 #include "report_case.h"
@@ -44,6 +45,9 @@ void MeasureAll(const Settings& settings, const Choice& choice) {
     if (chosen(report_case.key)) add(Measure(report_case, settings));
   }
   if (chosen(orvex::bench::kWindowCaseKey)) add(MeasureTankWindow(settings));
+  for (const auto& entry_case : orvex::bench::EntryCases()) {
+    if (chosen(entry_case.key)) add(Measure(entry_case, settings));
+  }
   if (const auto lines = orvex::bench::GrowthLines(results); !lines.empty()) fmt::print("\n{}", lines);
   const auto json = settings.folder / "bench.json";
   WriteJson(json, results);
@@ -54,8 +58,8 @@ void MeasureAll(const Settings& settings, const Choice& choice) {
 
 int main(int argc, char** argv) {
   CLI::App app(
-      "Times calculation runs, the record layer, reports and the list of tanks against the least that has to be done "
-      "to the files.");
+      "Times calculation runs, the record layer, reports, the list of tanks and tank entry against the least that "
+      "has to be done to the files.");
   Settings settings;
   Choice choice;
   bool no_floor = false;
