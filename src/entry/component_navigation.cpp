@@ -20,17 +20,15 @@ constexpr const char* kIncomplete =
 bool RequireNumber(Session& session, Frmcomponent& form, const BoundNumber& bound) {
   auto& text = (form.*bound.box).text;
   if (ParseEntryNumber(text)) return true;
-  shell::Tell(session.host, "Please enter a number.", shell::Icon::kExclamation);
   text = "0";
-  form.window.focus = bound.control;
+  shell::Refuse(session.host, form.window, bound.control, "Please enter a number.");
   return false;
 }
 
 bool RequireNameAndShare(Session& session, Frmcomponent& form) {
   const bool has_name = !form.txtName.empty();
   if (has_name && EntryNumber(form.txtShare.text) != 0) return true;
-  shell::Tell(session.host, kIncomplete, shell::Icon::kExclamation);
-  form.window.focus = has_name ? "txtShare" : "dbcboChemName";
+  shell::Refuse(session.host, form.window, has_name ? "txtShare" : "dbcboChemName", kIncomplete);
   return false;
 }
 
@@ -39,8 +37,7 @@ bool RequireOtherNames(Session& session, Frmcomponent& form) {
   double sum = 0;
   for (auto rows = emission::OpenComponents(session, form.ID, form.MixID); !rows.AtEnd(); rows.MoveNext()) {
     if (rows.Long("COMP ID") != form.CompID && rows.TextOrEmpty("NAME") == form.txtName) {
-      shell::Tell(session.host, "Duplicate Component Name", shell::Icon::kExclamation);
-      form.window.focus = "dbcboChemName";
+      shell::Refuse(session.host, form.window, "dbcboChemName", "Duplicate Component Name");
       return false;
     }
     sum = emission::Finite(sum + AnyShare(rows));

@@ -52,11 +52,6 @@ bool IsWhole(double number) {
   return number == std::trunc(number) && number >= Long::min() && number <= Long::max();
 }
 
-void Refuse(Session& session, Frmrecfit& form, std::string_view control, const std::string& reason) {
-  shell::Tell(session.host, reason, shell::Icon::kExclamation);
-  form.window.focus = control;
-}
-
 }  // namespace
 
 store::RecordSet FittingRow(Session& session, const Frmrecfit& form) {
@@ -108,20 +103,21 @@ bool AcceptQuantity(Session& session, Frmrecfit& form) {
   const auto number = ParseEntryNumber(form.txtQuantity.text);
   if (number && IsWhole(*number)) return true;
   form.txtQuantity.text = "0";
-  Refuse(session, form, "txtQuantity", number ? "Please enter a whole number." : "Please enter a number.");
+  shell::Refuse(session.host, form.window, "txtQuantity",
+                number ? "Please enter a whole number." : "Please enter a number.");
   return false;
 }
 
 bool IsComplete(Session& session, Frmrecfit& form) {
   const bool no_type = form.cboFitType.text.empty();
   if (no_type || (form.cboStatus.text.empty() && !form.cboStatus.items.empty())) {
-    Refuse(session, form, no_type ? "cboFitType" : "cboStatus",
-           "This fitting must have a type and status.  Delete this fitting if you do not wish to save it.");
+    shell::Refuse(session.host, form.window, no_type ? "cboFitType" : "cboStatus",
+                  "This fitting must have a type and status.  Delete this fitting if you do not wish to save it.");
     return false;
   }
   if (!AcceptQuantity(session, form)) return false;
   if (QuantityShown(form) <= 0) {
-    Refuse(session, form, "txtQuantity", "Quantity must be greater than zero.");
+    shell::Refuse(session.host, form.window, "txtQuantity", "Quantity must be greater than zero.");
     return false;
   }
   StoreQuantity(session, form);
@@ -134,7 +130,7 @@ bool IsUnique(Session& session, Frmrecfit& form) {
     if (rows.LongOrZero("FIT ID") == form.FIT_ID || rows.TextOrEmpty("FIT_TYPE") != form.cboFitType.text ||
         rows.TextOrEmpty("COVR_TYPE") != form.cboStatus.text)
       continue;
-    Refuse(session, form, "cboFitType", "Duplicate Fitting");
+    shell::Refuse(session.host, form.window, "cboFitType", "Duplicate Fitting");
     return false;
   }
   return true;

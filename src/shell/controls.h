@@ -76,6 +76,7 @@ struct WindowText {
 struct WindowState {
   bool closed = false;     ///< the model has unloaded the window
   std::string_view focus;  ///< the control that is to have the focus next; the view takes it and empties this
+  std::string refusal;     ///< why that control is come back to; the view takes it and shows it beside the control
 };
 
 }  // namespace orvex::shell

@@ -17,6 +17,12 @@ void Tell(Host& host, const std::string& text, Icon icon) {
   host.ShowMessage(text, std::string(kApplicationTitle), Buttons::kOk, icon);
 }
 
+void Refuse(Host& host, WindowState& window, std::string_view control, const std::string& reason) {
+  Tell(host, reason, Icon::kExclamation);
+  window.focus = control;
+  window.refusal = reason;
+}
+
 BusyScope::BusyScope(Session& session, std::string_view status)
     : session_(session), outer_status_(std::exchange(session.busy_status, std::string(status))) {
   session_.host.SetPointer(Pointer::kBusy);

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "shell/controls.h"
 #include "shell/session.h"
 
 namespace orvex::shell {
@@ -30,5 +31,8 @@ class BusyScope {
 
 /// A message box under the program's own title that can only be acknowledged.
 void Tell(Host& host, const std::string& text, Icon icon = Icon::kNone);
+
+/// Tells why a control is refused, and leads back to it.
+void Refuse(Host& host, WindowState& window, std::string_view control, const std::string& reason);
 
 }  // namespace orvex::shell

@@ -12,6 +12,7 @@
 #include "entry/tank_drawing.h"
 #include "windows/display_text.h"
 #include "windows/frmtank_view.h"
+#include "windows/refusal_note.h"
 #include "windows/tank_picture.h"
 
 namespace orvex::windows {
@@ -35,11 +36,6 @@ ChoiceBox::Typing TypingOf(const entry::EntryInfo& info) {
   if (info.kind == EntryKind::kTypedChoice) return ChoiceBox::Typing::kTakes;
   return info.items.empty() ? ChoiceBox::Typing::kFinds : ChoiceBox::Typing::kNothing;
 }
-
-bool IsDark(const QPalette& palette) { return palette.color(QPalette::Window).lightness() < 128; }
-
-QColor FaultText(const QPalette& palette) { return IsDark(palette) ? QColor(255, 138, 128) : QColor(176, 0, 32); }
-QColor FaultGround(const QPalette& palette) { return IsDark(palette) ? QColor(92, 42, 42) : QColor(253, 228, 228); }
 
 /// Brings the entries of a column's groups into one line.
 void EndColumn(QVBoxLayout* column, const std::vector<QGroupBox*>& boxes) {

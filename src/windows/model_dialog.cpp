@@ -45,7 +45,12 @@ void DrawState(QWidget* widget, const Record& record) {
 }  // namespace
 
 ModelDialog::ModelDialog(const ViewPlace& place, const shell::WindowText& text, shell::WindowState& state)
-    : QDialog(place.parent), session_(place.session), text_(text), state_(state), settings_(place.settings) {
+    : QDialog(place.parent),
+      session_(place.session),
+      text_(text),
+      state_(state),
+      settings_(place.settings),
+      refusal_(new RefusalNote(this)) {
   setObjectName(Name(text.name));
   setWindowTitle(Shown(text.title));
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
@@ -267,12 +272,14 @@ void ModelDialog::Act(Action action) {
 }
 
 void ModelDialog::Run(const Action& action) {
+  refusal_->Clear();
   if (action) Guarded(session_, action);
   Draw();
 }
 
 void ModelDialog::ActOnFocus(Action action) {
   deeds_.Add([this, action = std::move(action)] {
+    refusal_->Clear();
     if (action) Guarded(session_, action);
     if (!state_.focus.empty()) {
       deeds_.Drop();
@@ -317,9 +324,11 @@ void ModelDialog::Draw() {
 
 void ModelDialog::MoveFocus() {
   auto* next = findChild<QWidget*>(Name(state_.focus));
+  const auto refusal = std::exchange(state_.refusal, {});
   state_.focus = {};
   if (next == nullptr) return;
   Reveal(*next);
+  if (!refusal.empty()) refusal_->ShowAt(*next, Shown(refusal));
   if (deeds_.IsRunning()) return next->setFocus(Qt::OtherFocusReason);
   // Not now: the event that is being handled may itself move the focus.
   QTimer::singleShot(0, next, [next] { next->setFocus(Qt::OtherFocusReason); });

@@ -12,6 +12,7 @@
 #include "shell/session.h"
 #include "windows/choice_box.h"
 #include "windows/deed_queue.h"
+#include "windows/refusal_note.h"
 #include "windows/text_list.h"
 
 class QCheckBox;
@@ -154,6 +155,7 @@ class ModelDialog : public QDialog {
   shell::WindowState& state_;
   QSettings* settings_;
   std::vector<Action> drawings_;
+  RefusalNote* refusal_;
   std::map<QWidget*, FocusActions> watched_;
   QWidget* entered_ = nullptr;  ///< of the watched controls, as the model has been told, or is about to be
   DeedQueue deeds_;
