@@ -7,6 +7,7 @@
 #include "entry/entry_number.h"
 #include "entry/proposal.h"
 #include "entry/tank_entry.h"
+#include "entry/tank_geometry.h"
 #include "entry/update_tank.h"
 #include "shell/number_format.h"
 #include "store/database.h"
@@ -17,12 +18,8 @@ namespace {
 
 using shell::Session;
 
-constexpr double kPi = 3.14159;
-
-/// Length of the seams of a deck {ft}: the seam factor {ft/sq ft} times the deck's area.
-double SeamLength(FrmTank& form) {
-  const double diameter = Number(Physical(form, "DIAMETER"));
-  return Number(Physical(form, "SD")) * kPi * (1.0 / 4) * (diameter * diameter);
+double SeamLengthOf(FrmTank& form) {
+  return SeamLength(Number(Physical(form, "SD")), Number(Physical(form, "DIAMETER")));
 }
 
 void Propose(Session& session, Entry& length, const std::string& value, std::string_view question) {
@@ -75,7 +72,7 @@ void ChooseDeckSeam(Session& session, FrmTank& form, Entry& seam) {
   }
   factor.box.text = shell::PlainDecimal(known.DoubleOrZero("SD"));
   if (IsChanged(seam))
-    Propose(session, Physical(form, "DECK_SEAM_LENGTH"), shell::FormatTwoDecimals(SeamLength(form)), kSuggestedValue);
+    Propose(session, Physical(form, "DECK_SEAM_LENGTH"), shell::FormatTwoDecimals(SeamLengthOf(form)), kSuggestedValue);
   UpdateTank(session, form);
 }
 
@@ -83,13 +80,13 @@ void EnterDeckSeamLength(Session& session, FrmTank& form, Entry& length) {
   if (Number(length) != 0 || Number(Physical(form, "SD")) == 0) return;
   // The row holds the seam already: it was written when it was chosen.
   if (StoredText(Physical(form, "DECK_SEAM")) == DeckSeamOfCopy(session, form)) return;
-  Propose(session, length, shell::FormatTwoToSixDecimals(SeamLength(form)), kSuggestedValue);
+  Propose(session, length, shell::FormatTwoToSixDecimals(SeamLengthOf(form)), kSuggestedValue);
 }
 
 void ProposeDeckSeamLength(Session& session, FrmTank& form) {
   auto& length = Physical(form, "DECK_SEAM_LENGTH");
   if (Number(length) == 0 || Number(Physical(form, "SD")) == 0) return;
-  const auto value = shell::FormatTwoToSixDecimals(SeamLength(form));
+  const auto value = shell::FormatTwoToSixDecimals(SeamLengthOf(form));
   if (EntryNumber(value) != Number(length)) Propose(session, length, value, kSuggestedLength);
 }
 

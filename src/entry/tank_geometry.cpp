@@ -41,6 +41,10 @@ double ConeSlope(double roof_height_ft, double diameter_ft) {
   return RoundSixDecimals(emission::RoundToWhole(Divide(roof_height_ft, diameter_ft / 2) * 100) / 100.0);
 }
 
+double SeamLength(double seam_factor, double diameter_ft) {
+  return seam_factor * kPi * (1.0 / 4) * (diameter_ft * diameter_ft);
+}
+
 bool OutsideTenPercent(double value, double of) { return value < of - of * 0.1 || value > of * 1.1; }
 
 }  // namespace orvex::entry

@@ -26,6 +26,10 @@ double Throughput(double turnovers, double volume_gal);
 /// of two the even one.
 double ConeSlope(double roof_height_ft, double diameter_ft);
 
+/// Length {ft} of the seams of a deck of this diameter {ft} with this much seam on a unit of its area {ft/sq ft}; not
+/// rounded, as it is shown through different formats.
+double SeamLength(double seam_factor, double diameter_ft);
+
 /// Whether a value lies below nine tenths or above eleven tenths of another; both bounds are inside.
 bool OutsideTenPercent(double value, double of);
 
