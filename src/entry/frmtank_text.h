@@ -46,6 +46,9 @@ inline constexpr auto kFrmTankControls = FrmTankControls();
 /// The title is the tank's type while the window is open.
 inline constexpr shell::WindowText kFrmTankText = {"frmTank", "Tank", "tank_entry", kFrmTankControls};
 
+/// Topics of the help, in the order of `Page`.
+inline constexpr std::string_view kPageTopics[] = {"tank_identification", "tank_physical", "tank_site", "tank_liquid",
+                                                   "tank_months"};
 /// Captions of the pages, in the order of `Page`.
 inline constexpr std::string_view kPageCaptions[] = {"&Identification", "Ph&ysical Characteristics", "Si&te",
                                                      "Li&quid Contents", "Monthly Thro&ughput"};

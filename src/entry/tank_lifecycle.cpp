@@ -1,6 +1,7 @@
 #include "entry/tank_lifecycle.h"
 
 #include "emission/calc_prop.h"
+#include "entry/frmtank_text.h"
 #include "entry/record_copy.h"
 #include "entry/tank_rows.h"
 #include "entry/tank_saving.h"
@@ -15,10 +16,6 @@ namespace {
 using shell::Answer;
 using shell::Session;
 using shell::Statement;
-
-/// Of the help, by `Page`.
-constexpr std::string_view kPageTopics[] = {"tank_identification", "tank_physical", "tank_site", "tank_liquid",
-                                            "tank_months"};
 
 void CloseUnsaved(Session& session, FrmTank& form) {
   if (form.cmdAbandon.enabled) {

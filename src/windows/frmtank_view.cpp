@@ -16,6 +16,7 @@
 #include "entry/tank_entry.h"
 #include "entry/tank_lifecycle.h"
 #include "windows/display_text.h"
+#include "windows/placing.h"
 #include "windows/record_label.h"
 #include "windows/views.h"
 
@@ -24,10 +25,6 @@ namespace {
 
 using entry::FrmTank;
 using entry::Page;
-
-/// Of the help, by `Page`.
-constexpr std::string_view kPageTopics[] = {"tank_identification", "tank_physical", "tank_site", "tank_liquid",
-                                            "tank_months"};
 
 /// An entry; commands can be come to, but there is nothing to enter in them.
 bool CanBeEntered(const QWidget& widget, const QWidget& page) {
@@ -120,7 +117,7 @@ void FrmTankView::Reveal(QWidget& control) {
 }
 
 std::string FrmTankView::HelpTopic() const {
-  std::string topic(kPageTopics[static_cast<std::size_t>(form_.page)]);
+  std::string topic(entry::kPageTopics[static_cast<std::size_t>(form_.page)]);
   if (Entered() != nullptr) topic += '#' + Bytes(Entered()->objectName().toLower());
   return topic;
 }
@@ -138,17 +135,13 @@ void FrmTankView::keyPressEvent(QKeyEvent* event) {
 }
 
 QHBoxLayout* FrmTankView::MakeFoot() {
-  auto* foot = new QHBoxLayout;
-  foot->addWidget(MakeCommand("cmdHelp", form_.cmdHelp, entry::ClickHelp));
-  foot->addWidget(MakeCommand("cmdCopy", form_.cmdCopy, entry::ClickCopy));
-  foot->addWidget(MakeCommand("cmdAbandon", form_.cmdAbandon, entry::ClickAbandon));
-  foot->addStretch(1);
-  foot->addWidget(MakeCommand("cmdRunReport", form_.cmdRunReport, entry::ClickRunReport));
-  foot->addWidget(MakeCommand("cmdSave", form_.cmdSave, entry::ClickSave));
   auto* close = MakeCommand("cmdClose", form_.cmdClose, entry::ClickClose);
-  foot->addWidget(close);
   SetCloseButton(close);
-  return foot;
+  return PlaceFoot(
+      {MakeCommand("cmdHelp", form_.cmdHelp, entry::ClickHelp), MakeCommand("cmdCopy", form_.cmdCopy, entry::ClickCopy),
+       MakeCommand("cmdAbandon", form_.cmdAbandon, entry::ClickAbandon)},
+      {MakeCommand("cmdRunReport", form_.cmdRunReport, entry::ClickRunReport),
+       MakeCommand("cmdSave", form_.cmdSave, entry::ClickSave), close});
 }
 
 std::unique_ptr<ModelDialog> MakeFrmTank(const ViewPlace& place) {
