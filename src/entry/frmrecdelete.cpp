@@ -1,6 +1,7 @@
 #include "entry/frmrecdelete.h"
 
 #include "entry/editing.h"
+#include "entry/proposal.h"
 #include "entry/tank_rows.h"
 #include "shell/status.h"
 #include "shell/tank_lists.h"
@@ -20,12 +21,6 @@ constexpr TankRowTable kTankRows[] = {
 };
 
 void EnableDelete(Frmrecdelete& form) { form.cmdDelete.enabled = !form.lstDelTanks.items.empty(); }
-
-/// Whether the person wants to go on.
-bool Confirmed(Session& session) {
-  return session.host.ShowMessage(kQuestion, std::string(shell::kApplicationTitle), shell::Buttons::kYesNo,
-                                  shell::Icon::kNone) == shell::Answer::kYes;
-}
 
 void DeleteTank(store::Database& client, const std::string& user_id) {
   auto tank = FindTank(client, user_id);
@@ -76,7 +71,7 @@ void ClickDelete(Session& session, Frmrecdelete& form) {
   shell::Trapped(session, kLabel, [&] {
     const shell::BusyScope busy(session, "Processing");
     const auto editing = BeginEditing(session);
-    if (!editing || !Confirmed(session)) return;
+    if (!editing || !Accepted(session, kQuestion)) return;
     store::Transaction transaction(*session.ClientDb);
     for (const auto& user_id : form.lstDelTanks.items) DeleteTank(*session.ClientDb, user_id);
     transaction.Commit();

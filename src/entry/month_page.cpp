@@ -188,9 +188,8 @@ void LeaveThroughput(Session& session, FrmTank& form, std::size_t month) {
     auto& text = form.months.at(month).txtThru.text;
     const auto gallons = ParseEntryNumber(text);
     if (!gallons) {
-      Warn(session, kNoNumber);
       text = "0";
-      form.window.focus = kMonthTexts.at(month).txtThru.name;
+      shell::Refuse(session.host, form.window, kMonthTexts.at(month).txtThru.name, kNoNumber);
       return;
     }
     ShowMonthTotal(form);
