@@ -23,8 +23,6 @@ constexpr Section kMixtureSections[] = {Section::kMixture, Section::kSingle, Sec
 
 constexpr std::string_view kPressures[] = {"VP", "VP_MIN", "VP_MAX"};
 
-constexpr std::string_view kTrueText = "-1", kFalseText = "0";
-
 /// Shown in a site's page, but of its city.
 bool IsWeather(const Entry& entry) {
   return entry.info->section == Section::kSite && entry.info->kind == EntryKind::kShown;
@@ -38,7 +36,7 @@ bool IsTinyPressure(const EntryInfo& info, double value) {
 
 std::string TextOf(RecordSet& row, const EntryInfo& info) {
   const auto value = row.Get(info.field);
-  if (info.kind == EntryKind::kYesNo) return std::string(value.BoolOrFalse() ? kTrueText : kFalseText);
+  if (info.kind == EntryKind::kYesNo) return std::string(value.BoolOrFalse() ? kStoredYes : kStoredNo);
   if (value.GetKind() == store::Value::Kind::kReal) {
     const auto number = value.AsDouble();
     return IsTinyPressure(info, number) ? shell::FormatScientific(number) : shell::PlainDecimal(number);
@@ -66,7 +64,7 @@ void RequireStorable(const Entry& entry) {
 store::Value ToStore(const Entry& entry) {
   const auto text = StoredText(entry);
   if (text.empty()) return {};
-  if (entry.info->kind == EntryKind::kYesNo) return text == kTrueText;
+  if (entry.info->kind == EntryKind::kYesNo) return IsYes(entry);
   if (IsNumeric(*entry.info)) return EntryNumber(text);
   return text;
 }

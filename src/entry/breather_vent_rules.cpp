@@ -26,7 +26,7 @@ void ChooseHeated(Session& session, FrmTank& form, Entry& heated) {
   EnableTemperatures(form);
   auto& vacuum = Physical(form, "VENT_V");
   auto& pressure = Physical(form, "VENT_P");
-  if (!form.visible || StoredText(heated) != "-1" || (Number(vacuum) == 0 && Number(pressure) == 0)) return;
+  if (!form.visible || !IsYes(heated) || (Number(vacuum) == 0 && Number(pressure) == 0)) return;
   if (!Accepted(session,
                 "The breather vent setting for a heated tank must be zero.  Do you want to set these values to "
                 "zero now?"))

@@ -31,7 +31,7 @@ bool Offer(Session& session, FrmTank& form, shell::Buttons buttons) {
   return true;
 }
 
-bool IsSelfSupporting(FrmTank& form) { return StoredText(Physical(form, "SELF_SUP")) == "-1"; }
+bool IsSelfSupporting(FrmTank& form) { return IsYes(Physical(form, "SELF_SUP")); }
 
 }  // namespace
 

@@ -13,7 +13,7 @@
 namespace orvex::entry {
 namespace {
 
-constexpr std::string_view kYes = "Yes", kNo = "No", kTrue = "-1", kFalse = "0";
+constexpr std::string_view kYes = "Yes", kNo = "No";
 
 bool HasFixedItems(const Entry& entry) { return entry.info->kind == EntryKind::kChoice && !entry.info->items.empty(); }
 
@@ -39,17 +39,19 @@ bool IsNumeric(const EntryInfo& info) { return FieldOf(info).type == store::Fiel
 std::string StoredText(const Entry& entry) {
   const auto& text = entry.box.text;
   if (entry.info->kind == EntryKind::kYesNo) {
-    if (text == kYes) return std::string(kTrue);
-    return std::string(text == kNo ? kFalse : "");
+    if (text == kYes) return std::string(kStoredYes);
+    return std::string(text == kNo ? kStoredNo : "");
   }
   return std::string(HasFixedItems(entry) ? WithoutDefaultMark(text) : text);
 }
+
+bool IsYes(const Entry& entry) { return StoredText(entry) == kStoredYes; }
 
 void ShowStored(Entry& entry, std::string_view stored) {
   auto& text = entry.box.text;
   text = stored;
   if (entry.info->kind == EntryKind::kYesNo) {
-    text = stored.empty() ? "" : stored == kFalse ? kNo : kYes;
+    text = stored.empty() ? "" : stored == kStoredNo ? kNo : kYes;
   } else if (HasFixedItems(entry)) {
     const auto item = std::ranges::find(entry.info->items, stored, WithoutDefaultMark);
     text = item == entry.info->items.end() ? std::string_view() : *item;

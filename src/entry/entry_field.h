@@ -62,8 +62,13 @@ struct Entry {
   std::string refusal;    ///< why its last text was refused, to be shown beside it; empty once it is changed
 };
 
+/// How a row stores "Yes" and "No".
+inline constexpr std::string_view kStoredYes = "-1", kStoredNo = "0";
+
 /// The text by which a row stores what an entry shows: "-1" and "0" for "Yes" and "No", an item without its "(D)".
 [[nodiscard]] std::string StoredText(const Entry& entry);
+/// Whether the entry shows "Yes".
+[[nodiscard]] bool IsYes(const Entry& entry);
 /// Shows a stored text: the item that stands for it, where the entry has a list.
 void ShowStored(Entry& entry, std::string_view stored);
 

@@ -11,7 +11,7 @@ namespace {
 
 /// The sun does not reach the shell of an underground tank.
 void ShowUnderground(shell::Session&, FrmTank& form, Entry& underground) {
-  const bool above_ground = StoredText(underground) != "-1";
+  const bool above_ground = !IsYes(underground);
   for (const auto* field : {"SHL COLSHD", "PT_COND"}) Physical(form, field).box.visible = above_ground;
 }
 

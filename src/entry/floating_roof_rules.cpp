@@ -67,7 +67,7 @@ void RebuildTypicalFittings(Session& session, FrmTank& form) {
   const double diameter_ft = Number(Physical(form, "DIAMETER"));
   if (PhysicalSection(form) == Section::kInternal) {
     emission::TypicalFitIFRT(session, form.ID, StoredText(Physical(form, "DECK_TYPE")),
-                             StoredText(Physical(form, "SELF_SUP")) == "-1", diameter_ft);
+                             IsYes(Physical(form, "SELF_SUP")), diameter_ft);
   } else {
     emission::TypicalFitEFRT(session, form.ID, StoredText(Physical(form, "RF_TYPE")),
                              StoredText(Physical(form, "RIM_PRIM")), diameter_ft);

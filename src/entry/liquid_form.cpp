@@ -26,8 +26,6 @@ constexpr OptionForm kOptionForms[] = {
 constexpr std::string_view kTableProperties[] = {"MOLWT", "VP_MOLWT", "L_DENS", "VP", "VP_MIN", "VP_MAX"};
 constexpr std::string_view kTemperatures[] = {"ALS_TEMP", "MLS_TEMP", "XLS_TEMP", "BULK_TEMP"};
 
-constexpr std::string_view kTrueText = "-1";
-
 std::optional<Section> FormOf(FrmTank& form, std::string_view option) {
   const auto kind = StoredText(At(form, "cboSingleMultiple"));
   if (kind == shell::kSingle) return Section::kSingle;
@@ -78,7 +76,7 @@ bool MixtureNameIsEmpty(FrmTank& form) { return MixtureName(form).empty(); }
 
 bool IsHeated(FrmTank& form) {
   const auto* heated = FindPhysical(form, "HEATED");
-  return heated != nullptr && StoredText(*heated) == kTrueText;
+  return heated != nullptr && IsYes(*heated);
 }
 
 void Put(Entry& entry, std::string_view text) {

@@ -38,7 +38,7 @@ emission::Paint PaintOf(Session& session, FrmTank& form) {
 
 bool IsUnderground(FrmTank& form) {
   const auto* underground = FindPhysical(form, "UNDER");
-  return underground != nullptr && StoredText(*underground) == "-1";
+  return underground != nullptr && IsYes(*underground);
 }
 
 emission::AnnualWeather WeatherOf(FrmTank& form) {
