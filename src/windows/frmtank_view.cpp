@@ -101,21 +101,6 @@ void FrmTankView::GoToFirstEntry() {
     if (CanBeEntered(*next, *page)) return next->setFocus(Qt::TabFocusReason);
 }
 
-int FrmTankView::PageOf(const QWidget& control) const {
-  for (int page = 0; page < pages_->count(); ++page)
-    if (pages_->widget(page)->isAncestorOf(&control)) return page;
-  return -1;
-}
-
-void FrmTankView::Reveal(QWidget& control) {
-  const int page = PageOf(control);
-  if (page < 0 || page == pages_->currentIndex()) return;
-  form_.page = static_cast<Page>(page);
-  const QSignalBlocker quiet(tabs_);
-  tabs_->setCurrentIndex(page);
-  pages_->setCurrentIndex(page);
-}
-
 std::string FrmTankView::HelpTopic() const {
   std::string topic(entry::kPageTopics[static_cast<std::size_t>(form_.page)]);
   if (Entered() != nullptr) topic += '#' + Bytes(Entered()->objectName().toLower());

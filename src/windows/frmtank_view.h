@@ -22,7 +22,6 @@ class FrmTankView : public ModelDialog {
 
  protected:
   [[nodiscard]] std::string HelpTopic() const override;
-  void Reveal(QWidget& control) override;
   void showEvent(QShowEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
@@ -45,7 +44,6 @@ class FrmTankView : public ModelDialog {
   void MakePages();
   void ChoosePage(int page);
   void GoToFirstEntry();
-  [[nodiscard]] int PageOf(const QWidget& control) const;
   QHBoxLayout* MakeFoot();
 
   // frmtank_entries.cpp

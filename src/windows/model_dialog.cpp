@@ -327,7 +327,6 @@ void ModelDialog::MoveFocus() {
   const auto refusal = std::exchange(state_.refusal, {});
   state_.focus = {};
   if (next == nullptr) return;
-  Reveal(*next);
   if (!refusal.empty()) refusal_->ShowAt(*next, Shown(refusal));
   if (deeds_.IsRunning()) return next->setFocus(Qt::OtherFocusReason);
   // Not now: the event that is being handled may itself move the focus.

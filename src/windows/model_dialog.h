@@ -102,8 +102,6 @@ class ModelDialog : public QDialog {
   [[nodiscard]] std::string TopicAtFocus() const;
   /// Topic of the help for where the person is.
   [[nodiscard]] virtual std::string HelpTopic() const { return std::string(text_.topic); }
-  /// Brings a control that is to have the focus into sight.
-  virtual void Reveal(QWidget& /*control*/) {}
 
   QPushButton* MakeButton(std::string_view name, const shell::Button& record, Action clicked);
   QCheckBox* MakeCheckBox(std::string_view name, shell::CheckBox& record, Action changed);
