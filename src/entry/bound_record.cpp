@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "entry/entry_number.h"
+#include "shell/entry_number.h"
 #include "shell/number_format.h"
 #include "store/database.h"
 
@@ -65,7 +65,7 @@ store::Value ToStore(const Entry& entry) {
   const auto text = StoredText(entry);
   if (text.empty()) return {};
   if (entry.info->kind == EntryKind::kYesNo) return IsYes(entry);
-  if (IsNumeric(*entry.info)) return EntryNumber(text);
+  if (IsNumeric(*entry.info)) return shell::EntryNumber(text);
   return text;
 }
 
@@ -76,7 +76,7 @@ std::vector<Entry*> Changes(FrmTank& form, std::span<const Section> sections) {
     if (!IsShown(form, section)) continue;
     for (auto& entry : EntriesOf(form, section)) {
       if (entry.info->kind == EntryKind::kShown || !IsChanged(entry)) continue;
-      if (entry.info->kind == EntryKind::kNumber && !ParseEntryNumber(entry.box.text)) entry.box.text = "0";
+      if (entry.info->kind == EntryKind::kNumber && !shell::ParseEntryNumber(entry.box.text)) entry.box.text = "0";
       RequireStorable(entry);
       changes.push_back(&entry);
     }

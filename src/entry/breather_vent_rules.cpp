@@ -2,7 +2,7 @@
 
 #include "entry/entry_events.h"
 #include "entry/mixture_page.h"
-#include "entry/proposal.h"
+#include "shell/status.h"
 
 namespace orvex::entry {
 
@@ -27,9 +27,9 @@ void ChooseHeated(Session& session, FrmTank& form, Entry& heated) {
   auto& vacuum = Physical(form, "VENT_V");
   auto& pressure = Physical(form, "VENT_P");
   if (!form.visible || !IsYes(heated) || (Number(vacuum) == 0 && Number(pressure) == 0)) return;
-  if (!Accepted(session,
-                "The breather vent setting for a heated tank must be zero.  Do you want to set these values to "
-                "zero now?"))
+  if (!shell::Accepted(session.host,
+                       "The breather vent setting for a heated tank must be zero.  Do you want to set these values to "
+                       "zero now?"))
     return;
   vacuum.box.text = "0";
   pressure.box.text = "0";

@@ -1,7 +1,7 @@
 #include "emission/liquid_temperature.h"
 #include "emission/vapor_pressure.h"
 #include "entry/component_row.h"
-#include "entry/entry_number.h"
+#include "shell/entry_number.h"
 #include "shell/number_format.h"
 #include "shell/trap.h"
 
@@ -13,13 +13,13 @@ using shell::Session;
 /// A pressure {psia} in four decimals, or in the scientific form if these show nothing of it.
 std::string ShownPressure(double psia) {
   auto text = shell::FormatFourDecimals(psia);
-  return EntryNumber(text) == 0 && psia != 0 ? shell::FormatScientific(psia) : text;
+  return shell::EntryNumber(text) == 0 && psia != 0 ? shell::FormatScientific(psia) : text;
 }
 
 /// A mixture without a temperature yet leaves the vapor pressure as it is.
 void ShowVaporPressure(Session& session, Frmcomponent& form) {
   ShowTemperature(session, form);
-  const double fahrenheit = form.txtALST.text.empty() ? 0 : EntryNumber(form.txtALST.text);
+  const double fahrenheit = form.txtALST.text.empty() ? 0 : shell::EntryNumber(form.txtALST.text);
   if (fahrenheit == 0) return;
   form.txtVP.text = ShownPressure(emission::PVA(session, form.txtName, emission::FahrenheitToRankine(fahrenheit)));
 }

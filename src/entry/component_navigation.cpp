@@ -4,7 +4,8 @@
 #include "emission/arithmetic.h"
 #include "emission/mixture_components.h"
 #include "entry/component_row.h"
-#include "entry/entry_number.h"
+#include "shell/entry_number.h"
+#include "shell/entry_text.h"
 #include "shell/status.h"
 #include "shell/trap.h"
 
@@ -19,15 +20,15 @@ constexpr const char* kIncomplete =
 /// Whether the entry holds a number. The person is told when it does not.
 bool RequireNumber(Session& session, Frmcomponent& form, const BoundNumber& bound) {
   auto& text = (form.*bound.box).text;
-  if (ParseEntryNumber(text)) return true;
+  if (shell::ParseEntryNumber(text)) return true;
   text = "0";
-  shell::Refuse(session.host, form.window, bound.control, "Please enter a number.");
+  shell::Refuse(session.host, form.window, bound.control, std::string(shell::kNoNumber));
   return false;
 }
 
 bool RequireNameAndShare(Session& session, Frmcomponent& form) {
   const bool has_name = !form.txtName.empty();
-  if (has_name && EntryNumber(form.txtShare.text) != 0) return true;
+  if (has_name && shell::EntryNumber(form.txtShare.text) != 0) return true;
   shell::Refuse(session.host, form.window, has_name ? "txtShare" : "dbcboChemName", kIncomplete);
   return false;
 }

@@ -4,8 +4,8 @@
 
 #include "emission/arithmetic.h"
 #include "emission/mixture_components.h"
-#include "entry/entry_number.h"
 #include "entry/tank_entry.h"
+#include "shell/entry_number.h"
 #include "shell/number_format.h"
 
 namespace orvex::entry {
@@ -73,7 +73,7 @@ void CommitComponent(Session& session, Frmcomponent& form) {
     const auto& text = (form.*bound.box).text;
     const auto field = FieldOf(form, bound);
     const auto stored = row.Get(field);
-    if ((renamed && stored.IsNull()) || ShownNumber(stored) != text) row.Set(field, EntryNumber(text));
+    if ((renamed && stored.IsNull()) || ShownNumber(stored) != text) row.Set(field, shell::EntryNumber(text));
   }
   row.Update();
 }

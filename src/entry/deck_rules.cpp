@@ -4,12 +4,12 @@
 
 #include <algorithm>
 
-#include "entry/entry_number.h"
-#include "entry/proposal.h"
 #include "entry/tank_entry.h"
 #include "entry/tank_geometry.h"
 #include "entry/update_tank.h"
+#include "shell/entry_number.h"
 #include "shell/number_format.h"
+#include "shell/status.h"
 #include "store/database.h"
 #include "store/letter_case.h"
 
@@ -23,7 +23,8 @@ double SeamLengthOf(FrmTank& form) {
 }
 
 void Propose(Session& session, Entry& length, const std::string& value, std::string_view question) {
-  if (Accepted(session, fmt::format(fmt::runtime(question), value), "Deck Seam Length")) length.box.text = value;
+  if (shell::Accepted(session.host, fmt::format(fmt::runtime(question), value), "Deck Seam Length"))
+    length.box.text = value;
 }
 
 constexpr std::string_view kSuggestedValue = "The suggested value is {}. Use This Value?";
@@ -87,7 +88,7 @@ void ProposeDeckSeamLength(Session& session, FrmTank& form) {
   auto& length = Physical(form, "DECK_SEAM_LENGTH");
   if (Number(length) == 0 || Number(Physical(form, "SD")) == 0) return;
   const auto value = shell::FormatTwoToSixDecimals(SeamLengthOf(form));
-  if (EntryNumber(value) != Number(length)) Propose(session, length, value, kSuggestedLength);
+  if (shell::EntryNumber(value) != Number(length)) Propose(session, length, value, kSuggestedLength);
 }
 
 }  // namespace orvex::entry

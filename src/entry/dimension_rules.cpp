@@ -4,10 +4,10 @@
 
 #include "entry/entry_events.h"
 #include "entry/physical_rules.h"
-#include "entry/proposal.h"
 #include "entry/tank_geometry.h"
 #include "entry/throughput_rules.h"
 #include "shell/number_format.h"
+#include "shell/status.h"
 
 namespace orvex::entry {
 namespace {
@@ -28,7 +28,7 @@ bool IsWhole(const Cylinder& tank) { return tank.diameter_ft != 0 && tank.height
 
 void ProposeVolume(Session& session, FrmTank& form, double volume_gal) {
   const auto question = "The calculated volume is " + shell::FormatTwoToSixDecimals(volume_gal) + ". Use This Value?";
-  if (!Accepted(session, question, "Recalculate?")) return;
+  if (!shell::Accepted(session.host, question, "Recalculate?")) return;
   ShowNumber(Physical(form, "VOLUME"), volume_gal);
   FitThroughputToVolume(form);
   MonthlyUpdate(session, form);

@@ -1,7 +1,6 @@
 #include "entry/drawing_legend.h"
 
 #include "entry/drawing_parts.h"
-#include "store/utf8.h"
 
 namespace orvex::entry {
 namespace {
@@ -9,15 +8,6 @@ namespace {
 constexpr double kFirstLine = kGround + 52, kLineHeight = 17;
 constexpr double kSecondColumn = 136, kKindColumn = 128;
 constexpr std::size_t kKindLetters = 17;
-
-/// As much of a name as there is room for.
-std::string Shortened(std::string_view name) {
-  if (store::CharacterCount(name) <= kKindLetters) return std::string(name);
-  std::string shown;
-  for (std::size_t i = 1; i < kKindLetters; ++i)
-    store::AppendCharacter(shown, store::TakeCharacter(name).value_or(store::kReplacementCharacter));
-  return shown + "…";
-}
 
 }  // namespace
 
@@ -38,7 +28,7 @@ void DrawingLegend::Part(std::string_view color, std::string_view part, std::str
   const double foot = NextLine();
   svg_.Rectangle({kPaperEdge, foot - kSide, kPaperEdge + kSide, foot}, {.fill = color, .stroke = kInk, .width = 0.8});
   svg_.Text({kPaperEdge + kSide + 6, foot}, Anchor::kStart, part, kInk);
-  if (!kind.empty()) svg_.Text({kKindColumn, foot}, Anchor::kStart, Shortened(kind), kFaintInk);
+  if (!kind.empty()) svg_.Text({kKindColumn, foot}, Anchor::kStart, svg::Shortened(kind, kKindLetters), kFaintInk);
 }
 
 }  // namespace orvex::entry

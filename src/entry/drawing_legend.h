@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "entry/drawn_measure.h"
-#include "entry/svg.h"
+#include "shell/svg.h"
 
 namespace orvex::entry {
 

@@ -4,8 +4,8 @@
 #include <string_view>
 
 #include "entry/drawn_measure.h"
-#include "entry/svg.h"
 #include "entry/tank_drawing.h"
+#include "shell/svg.h"
 
 /// What the drawings of all tank types are put together from. The paper is always white, so that a drawing is read
 /// alike in a light and a dark window.

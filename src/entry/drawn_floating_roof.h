@@ -2,7 +2,7 @@
 
 #include "entry/drawing_legend.h"
 #include "entry/frmtank.h"
-#include "entry/svg.h"
+#include "shell/svg.h"
 
 /// What floats on the liquid of a drawn tank.
 namespace orvex::entry {

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "entry/entry_number.h"
+#include "shell/entry_number.h"
 #include "shell/number_format.h"
 
 namespace orvex::entry {
@@ -34,7 +34,7 @@ std::string ShortNumber(double value) {
 
 Measure Setting(const FrmTank& form, std::string_view field, Symbol symbol, std::string_view unit) {
   const auto* entry = FindEntry(form, field);
-  return {symbol, unit, entry == nullptr ? std::nullopt : ParseEntryNumber(entry->box.text)};
+  return {symbol, unit, entry == nullptr ? std::nullopt : shell::ParseEntryNumber(entry->box.text)};
 }
 
 Measure Size(const FrmTank& form, std::string_view field, Symbol symbol, std::string_view unit) {

@@ -5,10 +5,12 @@
 #include <string_view>
 
 #include "entry/frmtank.h"
-#include "entry/svg.h"
+#include "shell/svg.h"
 
 /// What a drawing of the tank takes from the entries of its physical page.
 namespace orvex::entry {
+
+using svg::Anchor, svg::Box, svg::Paint, svg::PathData, svg::Point, svg::Svg, svg::Symbol;
 
 /// A quantity and how it is written.
 struct Measure {

@@ -4,8 +4,8 @@
 
 #include <utility>
 
-#include "entry/entry_number.h"
 #include "entry/update_tank.h"
+#include "shell/entry_number.h"
 #include "shell/status.h"
 #include "shell/trap.h"
 
@@ -58,7 +58,7 @@ void LeaveEntry(Session& session, FrmTank& form, std::string_view control) {
   if (form.refused == control) form.refused.clear();
   IgnoreNoNumber(entry);
   if (IsPhysical(entry) && entry.info->kind == EntryKind::kNumber) {
-    if (!ParseEntryNumber(entry.box.text)) entry.box.text = "0";
+    if (!shell::ParseEntryNumber(entry.box.text)) entry.box.text = "0";
     form.last_field = control;
   } else {
     RequireStorable(session, form, entry);

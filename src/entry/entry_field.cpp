@@ -1,14 +1,12 @@
 #include "entry/entry_field.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 
 #include "entry/entry_infos.h"
-#include "entry/entry_number.h"
+#include "shell/entry_number.h"
+#include "shell/entry_text.h"
 #include "shell/number_format.h"
 #include "store/field_table.h"
-#include "store/utf8.h"
 
 namespace orvex::entry {
 namespace {
@@ -24,10 +22,6 @@ std::string_view WithoutDefaultMark(std::string_view item) {
 
 const store::FieldInfo& FieldOf(const EntryInfo& info) {
   return store::FindField(store::FindTable(info.section < Section::kMixture ? "tank" : "mixtures"), info.field);
-}
-
-bool HasControlCharacters(std::string_view text) {
-  return std::ranges::any_of(text, [](unsigned char byte) { return byte < 0x20 || byte == 0x7F; });
 }
 
 }  // namespace
@@ -62,17 +56,17 @@ bool IsChanged(const Entry& entry) {
   const auto text = StoredText(entry);
   if (text == entry.committed) return false;
   if (entry.info->kind == EntryKind::kShown || !IsNumeric(*entry.info)) return true;
-  const auto number = ParseEntryNumber(text), committed = ParseEntryNumber(entry.committed);
+  const auto number = shell::ParseEntryNumber(text), committed = shell::ParseEntryNumber(entry.committed);
   return !number || !committed || *number != *committed;
 }
 
-double Number(const Entry& entry) { return entry.box.text.empty() ? 0 : EntryNumber(entry.box.text); }
+double Number(const Entry& entry) { return entry.box.text.empty() ? 0 : shell::EntryNumber(entry.box.text); }
 
 void ShowNumber(Entry& entry, double value) { entry.box.text = shell::FormatTwoToSixDecimals(value); }
 
 void IgnoreNoNumber(Entry& entry) {
   if (entry.info->kind != EntryKind::kTypedChoice || !IsNumeric(*entry.info)) return;
-  if (!ParseEntryNumber(entry.box.text)) entry.box.text = entry.committed;
+  if (!shell::ParseEntryNumber(entry.box.text)) entry.box.text = entry.committed;
 }
 
 std::string Refusal(const Entry& entry) {
@@ -81,13 +75,9 @@ std::string Refusal(const Entry& entry) {
   if (IsNumeric(info)) {
     // A list may be left without a choice, but a number may not be left out.
     const bool is_left_out = text.empty() && info.kind != EntryKind::kNumber;
-    return is_left_out || ParseEntryNumber(text) ? "" : "Please enter a number.";
+    return is_left_out || shell::ParseEntryNumber(text) ? std::string() : std::string(shell::kNoNumber);
   }
-  if (HasControlCharacters(text)) return "Please enter a text without control characters.";
-  const auto width = static_cast<std::size_t>(FieldOf(info).width);
-  if (width > 0 && store::CharacterCount(text) > width)
-    return fmt::format("Please enter no more than {} characters.", width);
-  return {};
+  return shell::TextRefusal(text, FieldOf(info).width);
 }
 
 }  // namespace orvex::entry

@@ -13,13 +13,9 @@ inline constexpr std::string_view kConditions[] = {"Good (D)", "Poor"};
 inline constexpr std::string_view kShellInsides[] = {"Light Rust (D)", "Dense Rust", "Gunite Lining"};
 inline constexpr std::string_view kFixedRoofTypes[] = {"Cone", "Dome"};
 inline constexpr std::string_view kFloatingRoofTypes[] = {"Pontoon", "Double Deck"};
-inline constexpr std::string_view kConstructions[] = {"Welded", "Riveted"};
 inline constexpr std::string_view kFittingCategories[] = {"Typical", "Detail"};
 inline constexpr std::string_view kDeckTypes[] = {"Bolted", "Welded"};
-inline constexpr std::string_view kDeckConstructions[] = {"Sheet", "Panel"};
-inline constexpr std::string_view kYesOrNo[] = {"Yes", "No"};
 inline constexpr std::string_view kColumnDiameters[] = {"9\" by 7\" Built-Up Column", "8\" Diameter Pipe", "Unknown"};
-inline constexpr std::string_view kCategories[] = {"Organic Liquids", "Petroleum Distillates", "Crude Oils"};
 inline constexpr std::string_view kComponentKinds[] = {"Single", "Multiple"};
 
 }  // namespace orvex::entry

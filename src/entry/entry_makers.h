@@ -2,6 +2,7 @@
 
 #include "entry/entry_field.h"
 #include "entry/entry_lists.h"
+#include "shell/choices.h"
 
 /// Makers of the rows of the tables of entries.
 namespace orvex::entry::makers {
@@ -18,7 +19,7 @@ constexpr EntryInfo Number(Section section, Words group, Words field, Words cont
 }
 
 constexpr EntryInfo YesNo(Section section, Words group, Words field, Words control, Words caption, Words tip) {
-  return {section, group, {control, caption, tip}, EntryKind::kYesNo, field, kYesOrNo};
+  return {section, group, {control, caption, tip}, EntryKind::kYesNo, field, shell::kYesOrNo};
 }
 
 /// Without items the list is filled from a table.

@@ -6,8 +6,9 @@
 #include <cmath>
 #include <limits>
 
-#include "entry/entry_number.h"
 #include "entry/tank_entry.h"
+#include "shell/entry_number.h"
+#include "shell/entry_text.h"
 #include "shell/number_format.h"
 #include "shell/status.h"
 #include "store/database.h"
@@ -88,7 +89,7 @@ void ShowFitting(Session& session, Frmrecfit& form) {
   EnableCommands(session, form);
 }
 
-double QuantityShown(const Frmrecfit& form) { return ParseEntryNumber(form.txtQuantity.text).value_or(0); }
+double QuantityShown(const Frmrecfit& form) { return shell::ParseEntryNumber(form.txtQuantity.text).value_or(0); }
 
 void StoreQuantity(Session& session, const Frmrecfit& form) {
   auto row = FittingRow(session, form);
@@ -100,11 +101,11 @@ void StoreQuantity(Session& session, const Frmrecfit& form) {
 bool AcceptQuantity(Session& session, Frmrecfit& form) {
   // What came with the row, as from another program, is not judged.
   if (form.txtQuantity.text == shell::PlainDecimal(FittingRow(session, form).DoubleOrZero("QUANTITY"))) return true;
-  const auto number = ParseEntryNumber(form.txtQuantity.text);
+  const auto number = shell::ParseEntryNumber(form.txtQuantity.text);
   if (number && IsWhole(*number)) return true;
   form.txtQuantity.text = "0";
   shell::Refuse(session.host, form.window, "txtQuantity",
-                number ? "Please enter a whole number." : "Please enter a number.");
+                number ? "Please enter a whole number." : std::string(shell::kNoNumber));
   return false;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "entry/entry_makers.h"
+#include "shell/choices.h"
 
 namespace orvex::entry {
 
@@ -39,8 +40,8 @@ inline constexpr EntryInfo kInternalEntries[] = {
                    "Deck Type:", "How the parts of the deck are joined; a welded deck has no seam loss", kDeckTypes),
     makers::Choice(Section::kInternal, "Deck", "FITTING", "cboFittingIT", "Deck Fitting Category:",
                    "Whether the fittings are the typical ones of such a tank or your own", kFittingCategories),
-    makers::Choice(Section::kInternal, "Deck", "DECK_CONSTRUCT", "cboDeckConstructIT",
-                   "Deck Construction:", "Whether the bolted deck is made of sheets or panels", kDeckConstructions),
+    makers::Choice(Section::kInternal, "Deck", "DECK_CONSTRUCT", "cboDeckConstructIT", "Deck Construction:",
+                   "Whether the bolted deck is made of sheets or panels", shell::kDeckConstructions),
     makers::Choice(Section::kInternal, "Deck", "DECK_SEAM", "cboDeckSeamIT",
                    "Deck Seam:", "Width of the sheets, or size of the panels"),
     makers::Number(Section::kInternal, "Deck", "DECK_SEAM_LENGTH", "txtDeckSeamLengthIT",
@@ -70,7 +71,7 @@ inline constexpr EntryInfo kExternalEntries[] = {
     makers::Choice(Section::kExternal, "Roof", "FITTING", "cboFittingET", "Roof Fitting Category:",
                    "Whether the fittings are the typical ones of such a tank or your own", kFittingCategories),
     makers::Choice(Section::kExternal, "Rim Seal System", "TANK_CONSTRUCT", "cboConstructET",
-                   "Tank Construction:", "How the plates of the shell are joined", kConstructions),
+                   "Tank Construction:", "How the plates of the shell are joined", shell::kConstructions),
     makers::Choice(Section::kExternal, "Rim Seal System", "RIM_PRIM", "cboPrimaryET",
                    "Primary Seal:", "Lower seal between the floating roof and the shell"),
     makers::Choice(Section::kExternal, "Rim Seal System", "RIM_SEC", "cboSecondaryET",

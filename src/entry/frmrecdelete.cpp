@@ -1,10 +1,9 @@
 #include "entry/frmrecdelete.h"
 
-#include "entry/editing.h"
-#include "entry/proposal.h"
 #include "entry/tank_rows.h"
+#include "shell/editing.h"
+#include "shell/list_picking.h"
 #include "shell/status.h"
-#include "shell/tank_lists.h"
 #include "shell/trap.h"
 
 namespace orvex::entry {
@@ -70,8 +69,8 @@ void ClickRemoveAll(Session&, Frmrecdelete& form) {
 void ClickDelete(Session& session, Frmrecdelete& form) {
   shell::Trapped(session, kLabel, [&] {
     const shell::BusyScope busy(session, "Processing");
-    const auto editing = BeginEditing(session);
-    if (!editing || !Accepted(session, kQuestion)) return;
+    const auto editing = shell::BeginEditing(session, shell::DatabaseKind::kClient);
+    if (!editing || !shell::Accepted(session.host, kQuestion)) return;
     store::Transaction transaction(*session.ClientDb);
     for (const auto& user_id : form.lstDelTanks.items) DeleteTank(*session.ClientDb, user_id);
     transaction.Commit();

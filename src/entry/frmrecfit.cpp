@@ -10,6 +10,7 @@
 #include "shell/number_format.h"
 #include "shell/status.h"
 #include "shell/trap.h"
+#include "store/text_or_null.h"
 
 namespace orvex::entry {
 namespace {
@@ -45,8 +46,6 @@ void LeaveTypical(Session& session) {
   if (StoredText(category) == "Typical") ShowStored(category, "Detail");
 }
 
-store::Value TextOrNull(const std::string& text) { return text.empty() ? store::Value() : store::Value(text); }
-
 /// Writes type and status to the row, with what the reference row, if there is one, says of them. Whether `field`
 /// changed.
 bool StoreFitting(Session& session, const Frmrecfit& form, store::RecordSet& reference, std::string_view field) {
@@ -54,8 +53,8 @@ bool StoreFitting(Session& session, const Frmrecfit& form, store::RecordSet& ref
   const auto before = row.TextOrEmpty(field);
   const bool found = !reference.NoMatch();
   row.Edit();
-  row.Set("FIT_TYPE", TextOrNull(form.cboFitType.text));
-  row.Set("COVR_TYPE", TextOrNull(form.cboStatus.text));
+  row.Set("FIT_TYPE", store::TextOrNull(form.cboFitType.text));
+  row.Set("COVR_TYPE", store::TextOrNull(form.cboStatus.text));
   const double quantity = QuantityShown(form);
   row.Set("QUANTITY", found && quantity == 0 ? reference.DoubleOrZero("QUANTITY") : quantity);
   if (found)

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "entry/entry_makers.h"
+#include "shell/choices.h"
 
 namespace orvex::entry {
 
 /// What every liquid has.
 inline constexpr EntryInfo kMixtureEntries[] = {
-    makers::Choice(Section::kMixture, "Liquid", "C_CATEGORY", "cboChemCat",
-                   "Chemical Category of Liquid:", "Kind of the liquid; the list of names follows it", kCategories),
+    makers::Choice(Section::kMixture, "Liquid", "C_CATEGORY", "cboChemCat", "Chemical Category of Liquid:",
+                   "Kind of the liquid; the list of names follows it", shell::kCategories),
     makers::Choice(Section::kMixture, "Liquid", "COMPONENT", "cboSingleMultiple", "Single or Multi-Component Liquid:",
                    "Whether the liquid is one chemical or made of several", kComponentKinds),
     makers::Choice(Section::kMixture, "Liquid", "SPEC_OPT", "cboSpecOpt",

@@ -3,9 +3,9 @@
 #include "emission/mixture.h"
 #include "emission/vapor_pressure.h"
 #include "entry/bound_record.h"
-#include "entry/entry_number.h"
 #include "entry/liquid_form.h"
 #include "entry/mixture_page.h"
+#include "shell/entry_number.h"
 #include "shell/number_format.h"
 #include "shell/status.h"
 #include "shell/tank_types.h"
@@ -71,7 +71,7 @@ LiquidTemperatures ReadTemperatures(FrmTank& form) {
 
 void ShowPressure(FrmTank& form, std::string_view field, double pressure_psia) {
   auto text = shell::FormatFourDecimals(pressure_psia);
-  if (EntryNumber(text) == 0) text = shell::FormatScientific(pressure_psia);
+  if (shell::EntryNumber(text) == 0) text = shell::FormatScientific(pressure_psia);
   Put(Liquid(form, field), text);
 }
 

@@ -10,8 +10,9 @@
 #include <vector>
 
 #include "entry/bound_record.h"
-#include "entry/entry_number.h"
 #include "entry/mixture_page.h"
+#include "shell/entry_number.h"
+#include "shell/entry_text.h"
 #include "shell/number_format.h"
 #include "shell/periods.h"
 #include "shell/status.h"
@@ -27,7 +28,6 @@ constexpr const char* kNoMixtureName =
     "Mixture name cannot be null.  Please correct this error on the previous tab.  Delete this mixture if you do not "
     "wish to save it.";
 constexpr const char* kDuplicateName = "Duplicate Mixture Name";
-constexpr const char* kNoNumber = "Please enter a number.";
 
 /// "frmTank.chkJAN_Click" for January's "frmTank.chk" and "_Click".
 std::string RoutineOf(std::string_view control, std::size_t month, std::string_view event) {
@@ -36,7 +36,7 @@ std::string RoutineOf(std::string_view control, std::size_t month, std::string_v
 
 void Warn(Session& session, const char* text) { shell::Tell(session.host, text, shell::Icon::kExclamation); }
 
-double Gallons(const std::string& text) { return text.empty() ? 0 : EntryNumber(text); }
+double Gallons(const std::string& text) { return text.empty() ? 0 : shell::EntryNumber(text); }
 
 /// Enables and shows what a box that is ticked gives the month, or empties it.
 void ShowTick(MonthEntry& month, bool ticked) {
@@ -186,10 +186,10 @@ void TickMonth(Session& session, FrmTank& form, std::size_t month, bool ticked) 
 void LeaveThroughput(Session& session, FrmTank& form, std::size_t month) {
   shell::Trapped(session, RoutineOf("txtThru", month, "LostFocus"), [&] {
     auto& text = form.months.at(month).txtThru.text;
-    const auto gallons = ParseEntryNumber(text);
+    const auto gallons = shell::ParseEntryNumber(text);
     if (!gallons) {
       text = "0";
-      shell::Refuse(session.host, form.window, kMonthTexts.at(month).txtThru.name, kNoNumber);
+      shell::Refuse(session.host, form.window, kMonthTexts.at(month).txtThru.name, std::string(shell::kNoNumber));
       return;
     }
     ShowMonthTotal(form);

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "entry/entry_number.h"
 #include "entry/month_page.h"
 #include "entry/physical_rules.h"
-#include "entry/proposal.h"
+#include "shell/entry_number.h"
 #include "shell/number_format.h"
+#include "shell/status.h"
 
 namespace orvex::entry {
 namespace {
@@ -18,7 +18,7 @@ bool IsTicked(const MonthEntry& month) { return month.chk.checked; }
 double TickedSum(const FrmTank& form) {
   double sum = 0;
   for (const auto& month : form.months)
-    if (IsTicked(month) && !month.txtThru.text.empty()) sum += EntryNumber(month.txtThru.text);
+    if (IsTicked(month) && !month.txtThru.text.empty()) sum += shell::EntryNumber(month.txtThru.text);
   return shell::RoundSixDecimals(sum);
 }
 
@@ -43,7 +43,7 @@ bool OutOfStep(double months_gal, double throughput_gal) {
 void MonthlyUpdate(Session& session, FrmTank& form) {
   const auto throughput_gal = Number(Physical(form, "Q_NET"));
   if (OutOfStep(TickedSum(form), throughput_gal) &&
-      Accepted(session, "Update monthly throughput information?", "Update?", shell::Icon::kQuestion))
+      shell::Accepted(session.host, "Update monthly throughput information?", "Update?", shell::Icon::kQuestion))
     Distribute(session, form, throughput_gal);
   ShowMonthTotal(form);
 }

@@ -2,10 +2,10 @@
 
 #include <fmt/format.h>
 
-#include "entry/proposal.h"
 #include "entry/tank_geometry.h"
 #include "entry/update_tank.h"
 #include "shell/number_format.h"
+#include "shell/status.h"
 
 namespace orvex::entry {
 namespace {
@@ -44,7 +44,7 @@ void ProposeSlope(Session& session, FrmTank& form, const SlopeQuestion& words) {
     slope = ConeSlope(cone.roof_height_ft, cone.diameter_ft);
     question = fmt::format("{}{}{}", words.calculated, shell::FormatTwoToSixDecimals(slope), words.ending);
   }
-  if (Accepted(session, question, words.title)) ShowNumber(Physical(form, "C_SLOPE"), slope);
+  if (shell::Accepted(session.host, question, words.title)) ShowNumber(Physical(form, "C_SLOPE"), slope);
 }
 
 bool HasRoof(FrmTank& form, std::string_view roof_type) { return StoredText(Physical(form, "RF_TYPE")) == roof_type; }
@@ -66,7 +66,7 @@ void FitDomeRadius(Session& session, FrmTank& form, Entry& diameter) {
   if (!IsChanged(diameter) || !HasRoof(form, kDome)) return;
   if (radius.box.text == diameter.box.text || Number(radius) == 0) return;
   const auto question = fmt::format("The default dome roof radius value is {}(ft). Use This Value?", diameter.box.text);
-  if (Accepted(session, question, "Dome Roof Radius")) radius.box.text = diameter.box.text;
+  if (shell::Accepted(session.host, question, "Dome Roof Radius")) radius.box.text = diameter.box.text;
 }
 
 void ProposeConeSlope(Session& session, FrmTank& form, Entry&) {
@@ -81,7 +81,7 @@ void ProposeDomeRadius(Session& session, FrmTank& form, Entry& radius) {
   const auto& diameter_text = Physical(form, "DIAMETER").box.text;
   if (Number(radius) != 0 && radius.box.text == diameter_text) return;
   const auto question = fmt::format("The default value is {}. Use This Value?", diameter_text);
-  if (Accepted(session, question, "Recalculate?")) radius.box.text = diameter_text;
+  if (shell::Accepted(session.host, question, "Recalculate?")) radius.box.text = diameter_text;
 }
 
 void ShowRoofType(Session&, FrmTank& form, Entry&) {

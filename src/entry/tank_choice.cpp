@@ -4,7 +4,7 @@
 
 #include <optional>
 
-#include "shell/tank_lists.h"
+#include "shell/list_picking.h"
 
 namespace orvex::entry {
 

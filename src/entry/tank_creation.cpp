@@ -1,5 +1,4 @@
 #include "entry/bound_record.h"
-#include "entry/editing.h"
 #include "entry/mixture_page.h"
 #include "entry/month_page.h"
 #include "entry/site.h"
@@ -7,6 +6,7 @@
 #include "entry/tank_lifecycle.h"
 #include "entry/tank_loading.h"
 #include "entry/unsaved_tank.h"
+#include "shell/editing.h"
 #include "shell/trap.h"
 
 namespace orvex::entry {
@@ -58,7 +58,7 @@ void ShowNewTank(Session& session, FrmTank& form) {
 
 void NewTank(Session& session, std::string_view tank_type) {
   shell::Trapped(session, "MDIForm1.", [&] {
-    const auto editing = BeginEditing(session);
+    const auto editing = shell::BeginEditing(session, shell::DatabaseKind::kClient);
     if (!editing) return;
     // The file has room for one mark: what a program that was killed since the start left is settled first.
     OfferUnsavedTank(session);

@@ -6,7 +6,6 @@
 
 #include "entry/frmtank.h"
 #include "shell/session.h"
-#include "store/lock_file.h"
 #include "store/value.h"
 
 namespace orvex::entry {
@@ -26,7 +25,6 @@ struct RecordCopy {
 struct TankEntry {
   std::unique_ptr<FrmTank> frmTank;  ///< null while the editor is closed
   RecordCopy copy;
-  std::weak_ptr<store::LockFile> editing;  ///< held while this program edits (editing.h)
 };
 
 /// The open editor. Windows that only it opens ask for it; without one, a mistake in the program, `std::logic_error`.

@@ -5,7 +5,6 @@
 
 #include "emission/calc_prop.h"
 #include "entry/bound_record.h"
-#include "entry/editing.h"
 #include "entry/entry_lists.h"
 #include "entry/mixture_page.h"
 #include "entry/month_page.h"
@@ -16,6 +15,7 @@
 #include "entry/tank_lifecycle.h"
 #include "entry/unsaved_tank.h"
 #include "entry/update_tank.h"
+#include "shell/editing.h"
 #include "shell/status.h"
 #include "shell/tank_types.h"
 #include "shell/trap.h"
@@ -118,7 +118,7 @@ void editRecord(Session& session, std::int32_t ID, const std::string& tank_type)
       (void)LoadTank(session, Editor(session));
       return;
     }
-    const auto editing = BeginEditing(session);
+    const auto editing = shell::BeginEditing(session, shell::DatabaseKind::kClient);
     if (!editing) return;
     OpenEditor(session, tank_type, [&](FrmTank& form) {
       form.ID = ID;

@@ -2,7 +2,6 @@
 
 #include "entry/bound_record.h"
 #include "entry/entry_events.h"
-#include "entry/entry_number.h"
 #include "entry/entry_transaction.h"
 #include "entry/mixture_page.h"
 #include "entry/month_page.h"
@@ -11,6 +10,7 @@
 #include "entry/tank_names.h"
 #include "entry/unsaved_tank.h"
 #include "entry/update_tank.h"
+#include "shell/entry_number.h"
 #include "shell/status.h"
 #include "shell/trap.h"
 
@@ -84,7 +84,7 @@ bool RefuseEntries(Session& session, FrmTank& form) {
 bool RefuseMonths(Session& session, FrmTank& form) {
   for (std::size_t month = 0; month < form.months.size(); ++month) {
     const auto& text = form.months[month].txtThru.text;
-    if (text.empty() || ParseEntryNumber(text)) continue;
+    if (text.empty() || shell::ParseEntryNumber(text)) continue;
     form.page = Page::kMonthly;
     LeaveThroughput(session, form, month);
     return true;

@@ -1,10 +1,10 @@
 #include "entry/throughput_rules.h"
 
 #include "entry/entry_events.h"
-#include "entry/entry_number.h"
 #include "entry/physical_rules.h"
 #include "entry/tank_geometry.h"
 #include "entry/update_tank.h"
+#include "shell/entry_number.h"
 #include "shell/number_format.h"
 #include "shell/status.h"
 
@@ -53,7 +53,7 @@ void WarnOfManyTurnovers(Session& session, FrmTank&, Entry& turnovers) {
 
 /// Whether the person changed it. Digits that an entry does not show are no change.
 bool IsAnother(const Entry& throughput) {
-  const auto stored = ParseEntryNumber(throughput.committed).value_or(0);
+  const auto stored = shell::ParseEntryNumber(throughput.committed).value_or(0);
   return IsChanged(throughput) && throughput.box.text != shell::FormatTwoToSixDecimals(stored);
 }
 

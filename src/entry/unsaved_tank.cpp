@@ -4,9 +4,9 @@
 
 #include <string>
 
-#include "entry/editing.h"
 #include "entry/tank_names.h"
 #include "entry/tank_rows.h"
+#include "shell/editing.h"
 #include "shell/trap.h"
 #include "store/field_table.h"
 #include "store/utf8.h"
@@ -95,7 +95,7 @@ void OfferUnsavedTank(Session& session) {
   shell::Trapped(session, "mDatabase.OfferUnsavedTank", [&] {
     auto& client = *session.ClientDb;
     if (client.ReadOnly() || client.Mark() == kNone) return;
-    const auto editing = TryEditing(session);
+    const auto editing = shell::TryEditing(session, shell::DatabaseKind::kClient);
     // A tank that another program has open now, or has finished meanwhile.
     if (!editing || client.Mark() == kNone) return;
     Offer(session, client.Mark());

@@ -1,7 +1,7 @@
 #include "entry/update_tank.h"
 
 #include "entry/bound_record.h"
-#include "entry/entry_number.h"
+#include "shell/entry_number.h"
 #include "shell/number_format.h"
 
 namespace orvex::entry {
@@ -9,7 +9,7 @@ namespace {
 
 /// Leaves a text alone that is no number yet.
 void FormatText(std::string& text) {
-  if (const auto number = ParseEntryNumber(text)) text = shell::FormatTwoToSixDecimals(*number);
+  if (const auto number = shell::ParseEntryNumber(text)) text = shell::FormatTwoToSixDecimals(*number);
 }
 
 void FormatQuantities(FrmTank& form) {

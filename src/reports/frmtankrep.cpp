@@ -3,8 +3,8 @@
 #include <string>
 
 #include "emission/run_report.h"
+#include "shell/list_picking.h"
 #include "shell/status.h"
-#include "shell/tank_lists.h"
 #include "shell/tank_names.h"
 #include "shell/trap.h"
 

@@ -50,6 +50,9 @@ class Host {
   virtual void ShowPrinterSetup() {}
   /// Opens a window, named as the program names it ("frmprintrep"), and comes back when it closes.
   virtual void ShowWindow(std::string_view name) = 0;
+  /// Shows the window on top as its model stands in the midst of a command, before the person is told about it. A
+  /// program without windows has nothing to do.
+  virtual void DrawWindow() {}
   /// Shows the frame that holds the menus, and comes back at once. A program without one has nothing to do.
   virtual void ShowMainWindow() {}
   /// Closes the frame: the program ends when the running command comes back.

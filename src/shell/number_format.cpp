@@ -95,6 +95,7 @@ double Parse(std::string_view text) {
 }  // namespace
 
 std::string FormatWhole(double value) { return Fixed(value, 0, true); }
+std::string FormatFixed(double value) { return Fixed(value, 2, false); }
 std::string FormatTwoDecimals(double value) { return Fixed(value, 2, true); }
 std::string FormatFourDecimals(double value) { return Fixed(value, 4, true); }
 

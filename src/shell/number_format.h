@@ -12,6 +12,8 @@ namespace orvex::shell {
 std::string FormatWhole(double value);
 /// "#,##0.00": "1,234.50"
 std::string FormatTwoDecimals(double value);
+/// "Fixed": two decimals, no commas. "1234.50"
+std::string FormatFixed(double value);
 /// "#,##0.0000" (and "#,###0.0000", which gives the same text): "1,234.5000"
 std::string FormatFourDecimals(double value);
 /// "#,##0.00####": two to six decimals. "1,234.50", "0.123457"

@@ -15,6 +15,9 @@
 namespace orvex::entry {
 struct TankEntry;
 }
+namespace orvex::store {
+class LockFile;
+}
 
 namespace orvex::shell {
 
@@ -44,7 +47,8 @@ struct Session {
   void (*editRecord)(Session&, std::int32_t id, const std::string& tank_type) = nullptr;
   /// Offers a tank that was being created when the program was ended from outside; null without tank entry.
   void (*offerUnsavedTank)(Session&) = nullptr;
-  std::shared_ptr<entry::TankEntry> tank_entry;  ///< of the layer above; null without tank entry
+  std::array<std::weak_ptr<store::LockFile>, 2> editing;  ///< held while this program edits, by `DatabaseKind`
+  std::shared_ptr<entry::TankEntry> tank_entry;           ///< of the layer above; null without tank entry
 
   std::string busy_status;  ///< of the innermost `BusyScope`; empty when no command is running
 
@@ -54,9 +58,13 @@ struct Session {
   std::string ReportTime;                ///< "Annual" or "Monthly"
   std::array<bool, 12> MonthSelected{};  ///< January first; read when `ReportTime` is "Monthly"
   std::string PrintMode;                 ///< what `frmprintrep` is to act on: "Report", "Error", ...
-  std::string ReportFilter;              ///< condition on `emission` that picks the tanks of the last run
-  std::string ReportMonthText;           ///< the chosen months' names
-  bool ValidationFailed = false;         ///< at least one error row was written
+  /// The condition that picks the rows of the report: of `emission` those of the last run's tanks, of a reference table
+  /// those that were chosen, there with its fields in braces; empty for the whole table.
+  std::string ReportFilter;
+  std::string ReportSource;       ///< of a reference table: its name, or a query on it
+  std::string ReportSourceKind;   ///< "dbOpenTable" or "dbOpenDynaset"
+  std::string ReportMonthText;    ///< the chosen months' names
+  bool ValidationFailed = false;  ///< at least one error row was written
 };
 
 }  // namespace orvex::shell

@@ -17,6 +17,10 @@ void Tell(Host& host, const std::string& text, Icon icon) {
   host.ShowMessage(text, std::string(kApplicationTitle), Buttons::kOk, icon);
 }
 
+bool Accepted(Host& host, const std::string& question, std::string_view title, Icon icon) {
+  return host.ShowMessage(question, std::string(title), Buttons::kYesNo, icon) == Answer::kYes;
+}
+
 void Refuse(Host& host, WindowState& window, std::string_view control, const std::string& reason) {
   Tell(host, reason, Icon::kExclamation);
   window.focus = control;

@@ -32,6 +32,10 @@ class BusyScope {
 /// A message box under the program's own title that can only be acknowledged.
 void Tell(Host& host, const std::string& text, Icon icon = Icon::kNone);
 
+/// Asks whether a proposed value is to be used, or a proposed step to be taken.
+[[nodiscard]] bool Accepted(Host& host, const std::string& question, std::string_view title = kApplicationTitle,
+                            Icon icon = Icon::kNone);
+
 /// Tells why a control is refused, and leads back to it.
 void Refuse(Host& host, WindowState& window, std::string_view control, const std::string& reason);
 

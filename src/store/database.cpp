@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "store/database_impl.h"
+#include "store/dialect_tokens.h"
 #include "store/file_check.h"
 #include "store/letter_case.h"
 #include "store/record_set_impl.h"
@@ -53,14 +54,15 @@ Statement& Database::Impl::Prepare(const std::string& sqlite_sql, std::string_vi
     if (code != SQLITE_ERROR) throw;
     const std::string reason = sqlite3_errmsg(connection->Handle());
     if (reason.starts_with("no such table")) {
-      throw RunTimeError(ErrorNumber::kObjectNotFound, fmt::format("{}: a table of the query '{}' was not found ({}).",
-                                                                   connection->Path().string(), query, reason));
+      throw RunTimeError(ErrorNumber::kObjectNotFound,
+                         fmt::format("{}: a table of the query '{}' was not found ({}).", connection->Path().string(),
+                                     QueryExcerpt(query), reason));
     }
     if (reason.starts_with("no such column")) {
       throw RunTimeError(ErrorNumber::kNoSuchField,
-                         fmt::format("A field of the query '{}' was not found ({}).", query, reason));
+                         fmt::format("A field of the query '{}' was not found ({}).", QueryExcerpt(query), reason));
     }
-    throw RunTimeError(ErrorNumber::kQuerySyntax, fmt::format("Syntax error in query '{}': {}.", query, reason));
+    ThrowQuerySyntax(query, reason);
   }
 }
 

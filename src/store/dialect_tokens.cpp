@@ -7,6 +7,7 @@
 
 #include "store/letter_case.h"
 #include "store/run_time_error.h"
+#include "store/utf8.h"
 
 namespace orvex::store {
 namespace {
@@ -131,8 +132,17 @@ class Tokenizer {
 
 std::vector<Token> Tokenize(std::string_view query) { return Tokenizer(query).Run(); }
 
+std::string QueryExcerpt(std::string_view query) {
+  constexpr int kCharacters = 400;
+  std::string_view rest = query;
+  for (int i = 0; i < kCharacters && !rest.empty(); ++i) static_cast<void>(TakeCharacter(rest));
+  if (rest.empty()) return std::string(query);
+  return std::string(query.substr(0, query.size() - rest.size())) + "...";
+}
+
 void ThrowQuerySyntax(std::string_view query, std::string_view reason) {
-  throw RunTimeError(ErrorNumber::kQuerySyntax, fmt::format("Syntax error in query '{}': {}.", query, reason));
+  throw RunTimeError(ErrorNumber::kQuerySyntax,
+                     fmt::format("Syntax error in query '{}': {}.", QueryExcerpt(query), reason));
 }
 
 }  // namespace orvex::store

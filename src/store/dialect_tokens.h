@@ -29,6 +29,9 @@ struct Token {
 /// for characters that the dialect does not know.
 std::vector<Token> Tokenize(std::string_view query);
 
+/// A query as errors quote it: what is too long to be read is cut, with dots behind it.
+std::string QueryExcerpt(std::string_view query);
+
 /// The error for a query that can't be understood.
 [[noreturn]] void ThrowQuerySyntax(std::string_view query, std::string_view reason);
 

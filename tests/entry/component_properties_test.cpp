@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "entry/component_fixture.h"
-#include "entry/entry_number.h"
+#include "shell/entry_number.h"
 
 namespace orvex::entry {
 namespace {
@@ -47,7 +47,7 @@ class ComponentPropertiesTest : public test::ComponentTest {
 
   /// What the person is to be told when the component is left as it stands.
   void ExpectWhatLeavingSays() {
-    if (form_.txtName.empty() || EntryNumber(form_.txtShare.text) == 0) {
+    if (form_.txtName.empty() || shell::EntryNumber(form_.txtShare.text) == 0) {
       host_.ExpectMessage(kIncomplete);
       return;
     }

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "entry/editing.h"
 #include "entry/tank_entry_fixture.h"
+#include "shell/editing.h"
 #include "shell/tank_types.h"
 
 namespace orvex::entry {
@@ -197,7 +197,7 @@ TEST_F(FrmrecdeleteTest, ATankThatHasVanishedMeanwhileDoesNotTakeAnotherWithIt) 
 TEST_F(FrmrecdeleteTest, WhileAnotherProgramEditsNothingIsDeleted) {
   AddTanks({"A"});
   auto form = Open({0});
-  const auto other = store::LockFile::Take(EditingPath(session_.ClientPath));
+  const auto other = store::LockFile::Take(shell::EditingPath(session_.ClientPath));
   ASSERT_TRUE(other);
   host_.ExpectMessage("The client database " + session_.ClientPath +
                       " is being edited by another program. Nothing was changed. Close the tank there, then try "

@@ -1,5 +1,6 @@
 #include "entry/entry_lists.h"
 #include "entry/liquid_fixture.h"
+#include "shell/choices.h"
 
 namespace orvex::entry {
 namespace {
@@ -23,7 +24,7 @@ class LiquidListsTest : public LiquidTest {
 
 TEST_F(LiquidListsTest, HoldTheNamesAndCasNumbersOfTheChosenCategory) {
   auto& form = OpenLiquid(shell::kVerticalFixedRoof);
-  for (const auto category : kCategories) {
+  for (const auto category : shell::kCategories) {
     Choose("cboChemCat", std::string(category));
     const auto names = FieldOf(category, "NAME");
     ASSERT_GE(names.size(), 10u);

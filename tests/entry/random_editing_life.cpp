@@ -189,7 +189,7 @@ void Life::DeleteTanks() {
 void Life::LookAtTheDesk() {
   RequireIdle();
   Require(session_.tank_entry->frmTank == nullptr, "the editor is still there");
-  Require(session_.tank_entry->editing.expired(), "other programs are still held off");
+  for (const auto& editing : session_.editing) Require(editing.expired(), "other programs are still held off");
   Require(Client().Mark() == 0, "a tank is still marked as never saved");
   const auto all = ReadAllRows(Client());
   RequireNoOrphans(all);

@@ -4,9 +4,9 @@
 #include <cmath>
 
 #include "entry/entry_lists.h"
-#include "entry/entry_number.h"
 #include "entry/mixture_page.h"
 #include "entry/random_editing_editor.h"
+#include "shell/entry_number.h"
 #include "shell/number_format.h"
 #include "shell/periods.h"
 #include "store/number_text.h"
@@ -20,7 +20,7 @@ using entry::EntryKind;
 using entry::Section;
 using store::Value;
 
-double NumberOrZero(const std::string& text) { return entry::ParseEntryNumber(text).value_or(0); }
+double NumberOrZero(const std::string& text) { return shell::ParseEntryNumber(text).value_or(0); }
 
 /// Whether the stored value is what the text says.
 bool Says(const EntryInfo& info, const std::string& text, const Value& value) {

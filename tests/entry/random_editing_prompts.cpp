@@ -6,7 +6,7 @@
 #include <iterator>
 #include <string_view>
 
-#include "entry/entry_number.h"
+#include "shell/entry_number.h"
 #include "shell/status.h"
 
 namespace orvex::test {
@@ -133,7 +133,7 @@ std::string WhatIsWrongWith(const Prompt& prompt) {
       std::ranges::find_if(kQuestions, [&](const auto& candidate) { return Fits(prompt, candidate); });
   if (question == std::end(kQuestions)) return "unknown question";
   const auto proposed = Proposed(prompt, *question);
-  const bool is_number = question->ending.empty() ? proposed.empty() : entry::ParseEntryNumber(proposed).has_value();
+  const bool is_number = question->ending.empty() ? proposed.empty() : shell::ParseEntryNumber(proposed).has_value();
   return is_number ? "" : "no number is proposed";
 }
 

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 
-#include "entry/entry_number.h"
 #include "entry/frmcomponent.h"
 #include "entry/frmcopydata.h"
 #include "entry/frmrecfit.h"
 #include "entry/frmspecpro.h"
 #include "entry/random_editing_life.h"
 #include "entry/random_editing_texts.h"
+#include "shell/entry_number.h"
 
 /// A person in the small windows that the tank editor opens.
 namespace orvex::test {

@@ -1,7 +1,7 @@
-#include "entry/editing.h"
 #include "entry/frmcomponent.h"
 #include "entry/lifecycle_fixture.h"
 #include "entry/update_tank.h"
+#include "shell/editing.h"
 #include "support/sample_tanks.h"
 
 namespace orvex::entry {
@@ -203,7 +203,7 @@ TEST_F(TankLoading, LeavesNoEditorBehindWhenItsWindowFails) {
   host_.ExpectError(13, "mDatabase.editRecord");
   editRecord(session_, ID, std::string(shell::kHorizontal));
   EXPECT_EQ(session_.tank_entry->frmTank, nullptr);
-  EXPECT_FALSE(std::filesystem::exists(EditingPath(session_.ClientPath)));
+  EXPECT_FALSE(std::filesystem::exists(shell::EditingPath(session_.ClientPath)));
   EditTank(ID, shell::kHorizontal, [&](FrmTank& form) { EXPECT_EQ(form.ID, ID); });
 }
 

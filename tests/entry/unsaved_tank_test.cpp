@@ -1,7 +1,7 @@
 #include "entry/unsaved_tank.h"
 
-#include "entry/editing.h"
 #include "entry/lifecycle_fixture.h"
+#include "shell/editing.h"
 #include "store/compact_file.h"
 
 namespace orvex::entry {
@@ -35,7 +35,7 @@ class UnsavedTank : public test::LifecycleTest {
   void ExpectSettled() {
     EXPECT_EQ(Client().Mark(), 0);
     session_.offerUnsavedTank(session_);
-    EXPECT_FALSE(std::filesystem::exists(EditingPath(session_.ClientPath)));
+    EXPECT_FALSE(std::filesystem::exists(shell::EditingPath(session_.ClientPath)));
   }
 };
 
@@ -127,7 +127,7 @@ TEST_F(UnsavedTank, IsStillOfferedWhenTheFileWasCompacted) {
 
 TEST_F(UnsavedTank, OfAnotherProgramThatIsAtWorkIsNotOffered) {
   LeaveTank();
-  const auto other = store::LockFile::Take(EditingPath(session_.ClientPath));
+  const auto other = store::LockFile::Take(shell::EditingPath(session_.ClientPath));
   session_.offerUnsavedTank(session_);
   EXPECT_NE(Client().Mark(), 0);
 }

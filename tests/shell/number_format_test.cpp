@@ -31,6 +31,14 @@ TEST(NumberFormat, TwoDecimalsAreAlwaysThere) {
   EXPECT_EQ(FormatTwoDecimals(-1234.567), "-1,234.57");
 }
 
+TEST(NumberFormat, FixedHasTwoDecimalsAndNoCommas) {
+  EXPECT_EQ(FormatFixed(0), "0.00");
+  EXPECT_EQ(FormatFixed(0.204), "0.20");
+  EXPECT_EQ(FormatFixed(0.205), "0.21");
+  EXPECT_EQ(FormatFixed(1234567.5), "1234567.50");
+  EXPECT_EQ(FormatFixed(-1234.567), "-1234.57");
+}
+
 TEST(NumberFormat, FourDecimalsAreAlwaysThere) {
   EXPECT_EQ(FormatFourDecimals(0), "0.0000");
   EXPECT_EQ(FormatFourDecimals(14.7), "14.7000");

@@ -25,5 +25,17 @@ TEST(XmlText, ShowsNoncharactersAndBrokenBytesAsReplacements) {
   EXPECT_EQ(EscapeXml("\xED\xA0\x80"), "\uFFFD\uFFFD\uFFFD");
 }
 
+TEST(XmlText, KeepsNamesThatAreNames) {
+  for (const auto* name : {"NAME", "_x", "A-1.b", "Größe", "油", "USER_DEF", "a\u00B7"}) EXPECT_EQ(XmlName(name), name);
+}
+
+TEST(XmlText, MakesNamesOfWhatIsNone) {
+  EXPECT_EQ(XmlName(""), "_");
+  EXPECT_EQ(XmlName("2nd"), "_2nd");
+  EXPECT_EQ(XmlName("-a"), "_-a");
+  EXPECT_EQ(XmlName("a b<c>&\"d':e"), "a_b_c___d__e");
+  EXPECT_EQ(XmlName("caf\xE9\x01\u2028\u00D7"), "caf____");
+}
+
 }  // namespace
 }  // namespace orvex::shell

@@ -4,6 +4,7 @@
 
 #include "store/database.h"
 #include "store/run_time_error.h"
+#include "store/utf8.h"
 #include "support/expect_error.h"
 #include "support/query_rows.h"
 #include "support/test_databases.h"
@@ -244,6 +245,19 @@ TEST_F(Dialect, WhatIsNoQueryIsASyntaxErrorThatQuotesIt) {
     EXPECT_NE(description.find(sql), std::string::npos) << description;
   }
   EXPECT_EQ(reference.OpenTable("deckseam").RecordCount(), 0);
+}
+
+TEST_F(Dialect, ALongQueryIsQuotedAsFarAsItCanBeRead) {
+  std::string names = "NAME = 'a'";
+  for (int i = 0; i < 5000; ++i) names += " OR NAME = '\u00D6l'";
+  for (const std::string& sql :
+       {"SELECT * deckseam WHERE " + names, "SELECT * FROM deckseam WHERE NAME NAME " + names}) {
+    const auto description = SyntaxError(sql);
+    EXPECT_TRUE(description.starts_with("Syntax error in query '" + sql.substr(0, 300))) << description;
+    EXPECT_NE(description.find("...': "), std::string::npos) << description;
+    EXPECT_EQ(CharacterCount(description.substr(0, description.find("...': "))),
+              CharacterCount("Syntax error in query '") + 400);
+  }
 }
 
 TEST_F(Dialect, ADeleteStatementIsChecked) {

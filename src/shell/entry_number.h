@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-namespace orvex::entry {
+namespace orvex::shell {
 
 /// The finite number that a person typed, whatever the locale: blanks around it, a sign, digits with commas between
 /// groups of three in front of the decimal point, an exponent. Nothing for any other text: an empty one, a comma
@@ -13,4 +13,4 @@ std::optional<double> ParseEntryNumber(std::string_view text);
 /// The same as a value; error 13 for a text that is no number.
 double EntryNumber(std::string_view text);
 
-}  // namespace orvex::entry
+}  // namespace orvex::shell

@@ -1,11 +1,11 @@
-#include "entry/entry_number.h"
+#include "shell/entry_number.h"
 
 #include <string>
 
 #include "store/number_text.h"
 #include "store/run_time_error.h"
 
-namespace orvex::entry {
+namespace orvex::shell {
 namespace {
 
 constexpr std::string_view kDigits = "0123456789";
@@ -56,4 +56,4 @@ double EntryNumber(std::string_view text) {
   return *number;
 }
 
-}  // namespace orvex::entry
+}  // namespace orvex::shell

@@ -1,4 +1,4 @@
-#include "shell/tank_lists.h"
+#include "shell/list_picking.h"
 
 #include <unordered_set>
 #include <utility>
@@ -9,10 +9,10 @@
 namespace orvex::shell {
 
 void AddSelected(const ListBox& from, ListBox& to) {
-  std::unordered_set<std::string> names(to.items.begin(), to.items.end());
+  std::unordered_set<std::string> texts(to.items.begin(), to.items.end());
   for (const std::size_t row : from.selected) {
-    const auto& name = from.items.at(row);
-    if (names.insert(name).second) to.items.push_back(name);
+    const auto& text = from.items.at(row);
+    if (texts.insert(text).second) to.items.push_back(text);
   }
 }
 
@@ -35,10 +35,10 @@ void RemoveAll(ListBox& list) {
   list.selected.clear();
 }
 
-void ShowFields(store::RecordSet& tank, std::initializer_list<ShownField> shown) {
+void ShowFields(store::RecordSet& row, std::initializer_list<ShownField> shown) {
   for (const auto& entry : shown) {
     entry.box.text.clear();
-    Statement([&] { entry.box.text = tank.TextOrEmpty(entry.field); });
+    Statement([&] { entry.box.text = row.TextOrEmpty(entry.field); });
   }
 }
 

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// An SVG picture written piece by piece, of the few elements that every reader of SVG draws. Lengths are in its own
 /// units, from the upper left corner.
-namespace orvex::entry {
+namespace orvex::svg {
 
 struct Point {
   double x, y;
@@ -36,13 +38,17 @@ struct Symbol {
   std::string_view index;
 };
 
+inline constexpr int kUsualLetters = 13;
+
 /// Elements take the name of the part of the picture that they draw, which readers can ask for as its class.
 class Svg {
  public:
-  Svg(double width, double height);
+  /// @param letters size of the letters of its texts
+  Svg(double width, double height, int letters = kUsualLetters);
 
   void Rectangle(const Box& box, const Paint& paint, std::string_view part = {});
   void Line(Point from, Point to, const Paint& paint, std::string_view part = {});
+  void Circle(Point center, double radius, const Paint& paint, std::string_view part = {});
   /// A path by its commands, which `PathData` makes.
   void Path(std::string_view commands, const Paint& paint, std::string_view part = {});
   /// A text of any characters.
@@ -56,6 +62,11 @@ class Svg {
  private:
   std::string elements_;
 };
+
+/// As many of a text's letters as there is room for; what is left out shows as an ellipsis.
+std::string Shortened(std::string_view text, std::size_t letters);
+/// The lines of a text of words, each of no more letters than this where its words allow it.
+std::vector<std::string> Lines(std::string_view text, std::size_t letters);
 
 /// The commands of a path.
 class PathData {
@@ -71,4 +82,4 @@ class PathData {
   std::string commands_;
 };
 
-}  // namespace orvex::entry
+}  // namespace orvex::svg

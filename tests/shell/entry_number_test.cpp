@@ -1,4 +1,4 @@
-#include "entry/entry_number.h"
+#include "shell/entry_number.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 
 #include "support/expect_error.h"
 
-namespace orvex::entry {
+namespace orvex::shell {
 namespace {
 
 using store::ErrorNumber;
@@ -50,4 +50,4 @@ TEST(EntryNumber, IsATypeMismatchForAnythingElse) {
 }
 
 }  // namespace
-}  // namespace orvex::entry
+}  // namespace orvex::shell

@@ -1,7 +1,6 @@
-#include "entry/editing.h"
-
 #include "entry/frmrecdelete.h"
 #include "entry/lifecycle_fixture.h"
+#include "shell/editing.h"
 #include "support/child_process.h"
 
 namespace orvex::entry {
@@ -68,17 +67,11 @@ TEST_F(TwoPrograms, TheSecondDeletesNothingWhileTheFirstEdits) {
 }
 
 TEST_F(TwoPrograms, TheFileBesideTheDatabaseIsGoneAfterwards) {
-  const auto path = EditingPath(session_.ClientPath);
+  const auto path = shell::EditingPath(session_.ClientPath);
   const auto ID = StoreTank(shell::kHorizontal, "T1");
   EditTank(ID, shell::kHorizontal, [&](FrmTank&) { EXPECT_TRUE(std::filesystem::exists(path)); });
   EXPECT_FALSE(std::filesystem::exists(path));
   EXPECT_EQ(path.filename(), "client1.mdb.editing");
-}
-
-TEST_F(TwoPrograms, OneThatReachesTheDatabaseThroughALinkIsToldToo) {
-  const auto link = folder_.Path() / "link.mdb";
-  std::filesystem::create_symlink(session_.ClientPath, link);
-  EXPECT_EQ(EditingPath(link), EditingPath(session_.ClientPath));
 }
 
 TEST_F(TwoPrograms, AKilledOneHoldsNobodyUp) {

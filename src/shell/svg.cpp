@@ -1,15 +1,17 @@
-#include "entry/svg.h"
+#include "shell/svg.h"
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <iterator>
 
 #include "shell/xml_text.h"
+#include "store/utf8.h"
 
-namespace orvex::entry {
+namespace orvex::svg {
 namespace {
 
-constexpr int kLetters = 13, kIndexLetters = 10;
+constexpr int kIndexLetters = 10;
 
 std::string Attribute(std::string_view name, std::string_view value) {
   return value.empty() ? "" : fmt::format(" {}=\"{}\"", name, value);
@@ -40,12 +42,12 @@ std::string TextElement(Point at, Anchor anchor, std::string_view color, std::st
 
 }  // namespace
 
-Svg::Svg(double width, double height)
+Svg::Svg(double width, double height, int letters)
     : elements_(fmt::format("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                             "<svg xmlns=\"http://www.w3.org/2000/svg\" version=\"1.1\" width=\"{0:.0f}\" "
                             "height=\"{1:.0f}\" viewBox=\"0 0 {0:.0f} {1:.0f}\" font-family=\"sans-serif\" "
                             "font-size=\"{2}\">\n",
-                            width, height, kLetters)) {}
+                            width, height, letters)) {}
 
 void Svg::Rectangle(const Box& box, const Paint& paint, std::string_view part) {
   fmt::format_to(std::back_inserter(elements_),
@@ -56,6 +58,11 @@ void Svg::Rectangle(const Box& box, const Paint& paint, std::string_view part) {
 void Svg::Line(Point from, Point to, const Paint& paint, std::string_view part) {
   fmt::format_to(std::back_inserter(elements_), "<line x1=\"{:.2f}\" y1=\"{:.2f}\" x2=\"{:.2f}\" y2=\"{:.2f}\"{}/>\n",
                  from.x, from.y, to.x, to.y, Attributes(paint, part));
+}
+
+void Svg::Circle(Point center, double radius, const Paint& paint, std::string_view part) {
+  fmt::format_to(std::back_inserter(elements_), "<circle cx=\"{:.2f}\" cy=\"{:.2f}\" r=\"{:.2f}\"{}/>\n", center.x,
+                 center.y, radius, Attributes(paint, part));
 }
 
 void Svg::Path(std::string_view commands, const Paint& paint, std::string_view part) {
@@ -74,6 +81,28 @@ void Svg::Text(Point at, Anchor anchor, Symbol symbol, std::string_view rest, st
 
 std::string Svg::Finish() const { return elements_ + "</svg>\n"; }
 
+std::string Shortened(std::string_view text, std::size_t letters) {
+  if (store::CharacterCount(text) <= letters) return std::string(text);
+  std::string shown;
+  for (std::size_t i = 1; i < letters; ++i)
+    store::AppendCharacter(shown, store::TakeCharacter(text).value_or(store::kReplacementCharacter));
+  return shown + "…";
+}
+
+std::vector<std::string> Lines(std::string_view text, std::size_t letters) {
+  std::vector<std::string> lines;
+  while (!text.empty()) {
+    const auto word = text.substr(0, text.find(' '));
+    text.remove_prefix(std::min(word.size() + 1, text.size()));
+    if (!lines.empty() && store::CharacterCount(lines.back()) + 1 + store::CharacterCount(word) <= letters) {
+      lines.back().append(" ").append(word);
+    } else {
+      lines.emplace_back(word);
+    }
+  }
+  return lines;
+}
+
 PathData::PathData(Point start) : commands_(fmt::format("M{:.2f} {:.2f}", start.x, start.y)) {}
 
 PathData& PathData::To(Point end) {
@@ -91,4 +120,4 @@ PathData& PathData::Close() {
   return *this;
 }
 
-}  // namespace orvex::entry
+}  // namespace orvex::svg
