@@ -2,6 +2,7 @@
 
 #include "shell/backup.h"
 #include "shell/command.h"
+#include "shell/fix_data.h"
 
 namespace orvex::shell {
 
@@ -17,6 +18,7 @@ inline constexpr Command kBackupClientCommand = {"mnuBackupClient", BackupClient
 /// The commands that need no layer above this one.
 inline constexpr Command kShellCommands[] = {
     {"mnuChangeDBLOc", ChangeDatabaseLocations, Needs::kNothing},
+    {"mnuFixData", FixData, Needs::kTankDatabase},
     {"mnuExit", ExitProgram, Needs::kNothing},
     kBackupTankCommand,
     kBackupClientCommand,
