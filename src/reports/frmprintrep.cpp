@@ -8,6 +8,7 @@
 
 #include "reports/brief_report.h"
 #include "reports/detail_report.h"
+#include "reports/xml_export.h"
 #include "shell/status.h"
 #include "shell/trap.h"
 
@@ -34,6 +35,10 @@ void ShowFirstError(shell::Session& session) {
   shell::Tell(session.host, message);
 }
 
+void ShowTable(shell::Session& session) {
+  XML_Export(session, *FindReferenceReport(session.PrintMode), session.ReportSource, session.ReportSourceKind);
+}
+
 /// What a `PrintMode` puts out, by destination; none for a destination that it does not have.
 struct Output {
   std::string_view print_mode;
@@ -41,8 +46,9 @@ struct Output {
   void (*to_file)(shell::Session&);
 };
 constexpr Output kOutputs[] = {
-    {"Report", ShowReport, nullptr},
-    {"Error", ShowFirstError, nullptr},
+    {"Report", ShowReport, nullptr}, {"Error", ShowFirstError, nullptr}, {"Chemical", ShowTable, nullptr},
+    {"Met", ShowTable, nullptr},     {"Fit", ShowTable, nullptr},        {"Rim", ShowTable, nullptr},
+    {"Deck", ShowTable, nullptr},    {"Profile", ShowTable, nullptr},
 };
 
 Output OutputOf(const shell::Session& session) {

@@ -1,32 +1,20 @@
 #pragma once
 
-#include <filesystem>
 #include <pugixml.hpp>
 #include <string_view>
 
+#include "reports/xml_document.h"
+
 namespace orvex::reports {
 
-/// An XML report file in the making: the processing instruction and the root `REPORT`. Every element is followed by a
-/// line end in its parent, so that the saved file has one element a line.
-class ReportDocument {
+/// An emission report in the making, with the root `REPORT`. Every element is followed by a line end in its parent, so
+/// that the saved file has one element a line.
+class ReportDocument : public XmlDocument {
  public:
   ReportDocument();
-
-  [[nodiscard]] pugi::xml_node Root() const { return root_; }
-
-  /// Writes the file, in UTF-8, over one that stands there. It is replaced whole or not at all; errors 3043 and 3044
-  /// name it.
-  void Save(const std::filesystem::path& path) const;
-
- private:
-  pugi::xml_document document_;
-  pugi::xml_node root_;
 };
 
 /// Appends an element with a text, which is data of any content, and then a line end to the parent.
 pugi::xml_node AddElement(pugi::xml_node parent, const char* name, std::string_view text = {});
-
-/// Appends an attribute; its value is data of any content.
-void AddAttribute(pugi::xml_node element, const char* name, std::string_view value);
 
 }  // namespace orvex::reports

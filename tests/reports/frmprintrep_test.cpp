@@ -69,7 +69,7 @@ TEST_F(FrmprintrepTest, OpensOnTheWindow) {
 }
 
 TEST_F(FrmprintrepTest, WhatHasNoOutputCannotBePutOut) {
-  auto form = Open("Met");
+  auto form = Open("Import");
   EXPECT_FALSE(form.cmdOK.enabled);
   auto report = Open("Report");
   ChooseFile(session_, report);

@@ -75,6 +75,17 @@ TEST(ReportDocument, IsWellFormedForAStrictParserWhateverTheData) {
   EXPECT_EQ(std::system(("xmllint --noout --nonet '" + path.string() + "'").c_str()), 0);
 }
 
+TEST(XmlDocument, HasOnlyWhatWasPutIntoIt) {
+  const TemporaryFolder folder;
+  XmlDocument document("DataExport");
+  AddText(document.Root(), "a & b");
+  AddText(document.Root(), "");
+  AddText(document.Root().append_child("Type"), "Met");
+  document.Save(folder.Path() / "data.xml");
+  EXPECT_EQ(FileContent(folder.Path() / "data.xml"),
+            "<?xml version=\"1.0\"?><DataExport>a &amp; b<Type>Met</Type></DataExport>");
+}
+
 TEST(ReportDocument, OverwritesAFileOfItsName) {
   const TemporaryFolder folder;
   const auto path = folder.Path() / "report.xml";

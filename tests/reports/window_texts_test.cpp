@@ -9,6 +9,7 @@
 
 #include "reports/frmmonth.h"
 #include "reports/frmprintrep.h"
+#include "reports/frmrepselect.h"
 #include "reports/frmreptyp.h"
 #include "reports/frmtankrep.h"
 
@@ -17,7 +18,8 @@ namespace {
 
 using Captions = std::vector<std::pair<std::string, std::string>>;
 
-constexpr const shell::WindowText* kWindows[] = {&kFrmtankrepText, &kFrmmonthText, &kFrmreptypText, &kFrmprintrepText};
+constexpr const shell::WindowText* kWindows[] = {&kFrmtankrepText, &kFrmmonthText, &kFrmreptypText, &kFrmprintrepText,
+                                                 &kFrmrepselectText};
 
 Captions CaptionsOf(const shell::WindowText& window) {
   Captions captions;
@@ -37,6 +39,7 @@ TEST(WindowTexts, HaveTheirTitlesAndTopics) {
       {"Frmmonth", "Choose Months", "choose_months"},
       {"Frmreptyp", "Report Type", "report_type"},
       {"frmprintrep", "Print Report", "print_report"},
+      {"frmrepselect", "Report Selection", "report_selection"},
   };
   std::vector<std::vector<std::string_view>> found;
   for (const auto* window : kWindows) found.push_back({window->name, window->title, window->topic});
@@ -97,6 +100,21 @@ TEST(WindowTexts, OfThePrintedReport) {
                                                     {"cmdClose", "&Close"},
                                                     {"cmdHelp", "&Help"}}));
   EXPECT_EQ(kFrmprintrepText.controls[1].tip, "Comes with a later release of this program.");
+}
+
+TEST(WindowTexts, OfTheReportSelection) {
+  EXPECT_EQ(CaptionsOf(kFrmrepselectText), (Captions{{"lblTable", ""},
+                                                     {"lblField", ""},
+                                                     {"lstItems", ""},
+                                                     {"cmdSelect", "&Select"},
+                                                     {"cmdSelectAll", "Select &All"},
+                                                     {"cmdRemove", "&Remove"},
+                                                     {"cmdRemoveAll", "Remove A&ll"},
+                                                     {"lblFieldChosen", ""},
+                                                     {"lstSelectItems", ""},
+                                                     {"cmdPrint", "&Print"},
+                                                     {"cmdClose", "Close"},
+                                                     {"cmdHelp", "&Help"}}));
 }
 
 TEST(WindowTexts, NameEveryControlOnceAndSayWhatItIsFor) {
