@@ -15,26 +15,6 @@
     return `${found} of ${all} tanks`;
   }
 
-  // Shows the entries that hold every word typed, and tells how many they are.
-  function filterBox(places, entries, count) {
-    const box = element('input', {type: 'search', id: 'find-tank', placeholder: 'Name, type or place',
-      autocomplete: 'off', spellcheck: 'false'});
-    const matches = () => {
-      const words = box.value.toLowerCase().split(/\s+/).filter((word) => word !== '');
-      return places.map((place) => words.every((word) => place.search.includes(word)));
-    };
-    box.addEventListener('input', () => {
-      const found = matches();
-      found.forEach((shown, index) => { entries[index].hidden = !shown; });
-      count.textContent = countText(found.filter(Boolean).length, places.length);
-    });
-    box.addEventListener('keydown', (event) => {
-      const first = event.key === 'Enter' ? matches().indexOf(true) : -1;
-      if (first >= 0) entries[first].querySelector('a').click();
-    });
-    return element('div', {class: 'find'}, element('label', {for: 'find-tank'}, 'Find a tank'), box, count);
-  }
-
   // A narrow window shows the contents only when asked: there they would push the report out of sight.
   function foldWhenNarrow(details) {
     const query = window.matchMedia(wide);
@@ -49,11 +29,14 @@
    * @param {{anchor, text, note, search}[]} places the tanks
    */
   function build(parts, places) {
-    const count = element('p', {class: 'count', role: 'status'}, countText(places.length, places.length));
     const entries = places.map(entry);
+    const find = orvex.findBox({id: 'find-tank', label: 'Find a tank', placeholder: 'Name, type or place',
+      texts: () => places.map((place) => place.search), countText,
+      show: (index, shown) => { entries[index].hidden = !shown; },
+      choose: (index) => entries[index].querySelector('a').click()}, places.length);
     const details = element('details', {}, element('summary', {}, 'Contents'),
         parts.length > 0 ? element('ul', {class: 'parts'}, ...parts.map(entry)) : null,
-        filterBox(places, entries, count), element('ul', {class: 'tanks'}, ...entries));
+        find, element('ul', {class: 'tanks'}, ...entries));
     foldWhenNarrow(details);
     return element('nav', {class: 'contents', 'aria-label': 'Contents'}, details);
   }

@@ -21,10 +21,14 @@
 
   function textOf(cell) { return guarded(cell.textContent.replace(/\s+/g, ' ').trim()); }
 
+  // Rows that the person has narrowed away are not copied.
+  function rowsOf(table) { return Array.from(table.rows).filter((row) => !row.hidden); }
+
   // Cells that span rows or columns stand in the first place of what they cover.
   function grid(table) {
-    const lines = Array.from(table.rows, () => []);
-    Array.from(table.rows).forEach((row, y) => {
+    const rows = rowsOf(table);
+    const lines = rows.map(() => []);
+    rows.forEach((row, y) => {
       let x = 0;
       for (const cell of row.cells) {
         while (lines[y][x] !== undefined) x += 1;
@@ -42,7 +46,7 @@
   // The bare table: the page's classes, anchors and links mean nothing elsewhere.
   function htmlOf(table) {
     const bare = element('table', {border: 1});
-    for (const row of table.rows) {
+    for (const row of rowsOf(table)) {
       bare.append(element('tr', {}, ...Array.from(row.cells, (cell) => element(cell.localName, {
         rowspan: cell.rowSpan > 1 ? cell.rowSpan : null, colspan: cell.colSpan > 1 ? cell.colSpan : null,
         align: cell.classList.contains('figure') ? 'right' : 'left',

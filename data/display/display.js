@@ -7,40 +7,42 @@
   const root = document.documentElement;
   const fileName = root.dataset.file;
   const kinds = root.dataset.kinds.split(' ');
-  const pages = {Brief: 'briefdisplay.htm', Summary: 'summarydisplay.htm', Detail: 'summarydisplay.htm'};
+  const referenceReport = {page: 'data_display.htm', name: 'a report on reference data'};
+  const known = {
+    Brief: {page: 'briefdisplay.htm', name: 'a Brief report'},
+    Summary: {page: 'summarydisplay.htm', name: 'a Summary report'},
+    Detail: {page: 'summarydisplay.htm', name: 'a Detail report'},
+    Chemical: referenceReport,
+    Met: referenceReport,
+    Fit: referenceReport,
+    Rim: referenceReport,
+    Deck: referenceReport,
+    Profile: referenceReport,
+  };
 
   function setState(state) { root.dataset.state = state; }
 
-  function article(kind) { return `${/^[AEIOU]/i.test(kind) ? 'an' : 'a'} ${kind} report`; }
-
-  function checkKind(model, name) {
-    if (kinds.includes(model.kind)) return;
-    const here = kinds.map((kind) => `${kind} reports`).join(' and ');
-    const page = pages[model.kind];
-    throw new orvex.ReportError(page ?
-      `${name} holds ${article(model.kind)}, but this page shows ${here}: open ${page} instead.` :
-      `${name} holds a report of the unknown kind “${model.kind}”.`);
+  function checkKind(kind, name) {
+    if (kinds.includes(kind)) return;
+    const other = Object.hasOwn(known, kind) ? known[kind] : null;
+    throw new orvex.ReportError(other ?
+      `${name} holds ${other.name}, but this page shows ${root.dataset.shows}: open ${other.page} instead.` :
+      `${name} holds a report of the unknown kind “${kind}”.`);
   }
 
-  function render(model) {
-    const main = element('main', {id: 'report'}, ...orvex.sections.build(model));
-    const parts = orvex.sections.parts(main);
-    const places = orvex.sections.places(model);
-    const title = orvex.labels.kinds[model.kind].title;
-    const single = places.length === 1;
-    document.title = single ? `${title}: ${places[0].text}` : title;
-    document.body.replaceChildren(
-        element('a', {class: 'skip', href: '#report'}, 'Skip to the report'),
-        single ? '' : orvex.contents.build(parts, places), main);
-    orvex.setPrintable({main, title, contents: () => single ? null : orvex.contents.printed(parts, places)});
-    root.classList.toggle('single', single);
+  function render({main, title, subject, navigation, contents}) {
+    document.title = subject ? `${title}: ${subject}` : title;
+    document.body.replaceChildren(element('a', {class: 'skip', href: '#report'}, 'Skip to the report'),
+        navigation || '', main);
+    orvex.setPrintable({main, title, contents});
+    root.classList.toggle('single', !navigation);
   }
 
   function show(text, name) {
     try {
-      const model = orvex.readModel(text, name);
-      checkKind(model, name);
-      render(model);
+      const report = orvex.readReport(text, name);
+      checkKind(report.kind, name);
+      render(orvex.buildPage(report, name));
     } catch (error) {
       ask('failed', error instanceof orvex.ReportError ? error.message : `${name} cannot be shown: ${error.message}.`);
       return;
@@ -62,7 +64,7 @@
     const input = element('input', {type: 'file', id: 'pick', accept: '.xml,text/xml,application/xml'});
     input.addEventListener('change', () => readPicked(input.files));
     document.body.replaceChildren(element('main', {class: 'ask'},
-        element('h1', {}, 'Emissions report'),
+        element('h1', {}, root.dataset.name),
         element('p', {id: 'message', role: state === 'failed' ? 'alert' : 'status'}, sentence),
         element('div', {class: 'drop'}, element('label', {for: 'pick'}, `Choose ${fileName}`), input,
             element('p', {}, 'or drop the file here'))));

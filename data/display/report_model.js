@@ -1,68 +1,13 @@
 'use strict';
 
-// Turns the text of a report file into the model that all other scripts draw from. Texts stay as they are in the file;
-// what is missing there is missing here (null, or an empty list), since a report may leave elements out.
+// Turns a report file on emissions into the model that its page is drawn from. Texts stay as they are in the file; what
+// is missing there is missing here (null, or an empty list), since a report may leave elements out.
 (function (orvex) {
-  /** Why a report cannot be shown, as one sentence for the person. */
-  class ReportError extends Error {}
-
+  const {ReportError, isBlank, indentOf} = orvex;
+  const {child, children, textOf, textsOf, attributesOf} = orvex.xml;
   const noBreakSpace = '\u00a0';
   const nameSeparator = '   -   ';
   const fixedRoofTypes = ['Vertical Fixed Roof Tank', 'Horizontal Tank'];
-  const decimalNumber = /^-?(\d+\.?\d*|\.\d+)(e[-+]?\d+)?$/i;
-
-  /** The number that a displayed text such as "1,234.50" stands for, or null when it stands for none ("N/A", blank). */
-  function number(text) {
-    const plain = String(text === null || text === undefined ? '' : text).replace(/,/g, '').trim();
-    return decimalNumber.test(plain) ? Number(plain) : null;
-  }
-
-  function isBlank(text) { return text === null || text === undefined || text.trim() === ''; }
-
-  function indentOf(text) { return /^\u00a0*/.exec(text)[0].length; }
-
-  function children(parent, name) { return Array.from(parent.children).filter((child) => child.localName === name); }
-
-  function child(parent, name) {
-    for (const element of parent.children) {
-      if (element.localName === name) return element;
-    }
-    return null;
-  }
-
-  function textOf(parent, name) {
-    const element = parent && child(parent, name);
-    return element ? element.textContent : null;
-  }
-
-  function attributesOf(element) {
-    const values = {};
-    for (const attribute of element.attributes) values[attribute.name] = attribute.value;
-    return values;
-  }
-
-  /** All children as {element name: text}. */
-  function textsOf(parent) {
-    const texts = {};
-    for (const element of parent.children) texts[element.localName] = element.textContent;
-    return texts;
-  }
-
-  function parse(text, fileName) {
-    if (text.trim() === '') throw new ReportError(`${fileName} is empty.`);
-    // Its entities can make a small file a text that no browser has the memory for.
-    if (text.includes('<!DOCTYPE')) {
-      throw new ReportError(`${fileName} has a document type declaration, which no report of ORVEX has.`);
-    }
-    const document = new DOMParser().parseFromString(text, 'application/xml');
-    const fault = document.getElementsByTagName('parsererror')[0];
-    if (fault) {
-      const place = /line (\d+)/.exec(fault.textContent);
-      const where = place ? ` It can be read up to line ${place[1]}.` : '';
-      throw new ReportError(`${fileName} is damaged or not an XML file.${where}`);
-    }
-    return document;
-  }
 
   // The id is what stands before the type in "VF-101   -   Horizontal Tank"; it may hold the separator itself.
   function idOf(name, type) {
@@ -173,28 +118,24 @@
   }
 
   /**
-   * The model of a report file.
-   * @param {string} text the file's text
+   * The model of a report on emissions.
+   * @param {{root: Element, kind: string}} report as orvex.readReport gives it
    * @param {string} fileName how messages call the file
    * @returns {{kind, periods, tanks, summary}} kind "Brief", "Summary" or "Detail"
-   * @throws {ReportError} when the text is no report of ORVEX
+   * @throws {ReportError} when the report has no tank
    */
-  function readModel(text, fileName) {
-    const report = parse(text, fileName).documentElement;
-    if (report.localName !== 'REPORT') throw new ReportError(`${fileName} is an XML file, but not a report of ORVEX.`);
-    const kind = (textOf(report, 'TYPE') || '').trim();
-    if (kind === '') throw new ReportError(`${fileName} does not tell which kind of report it holds.`);
-    const elements = children(report, 'Tank');
+  function readModel({root, kind}, fileName) {
+    const elements = children(root, 'Tank');
     if (elements.length === 0) throw new ReportError(`${fileName} holds a report without any tank.`);
     const tanks = elements.map(readTank);
-    const summaryElement = child(report, 'Summary');
+    const summaryElement = child(root, 'Summary');
     const summary = summaryElement ? readSummary(summaryElement) : null;
     if (summary) joinSummary(tanks, summary);
     for (const tank of tanks) {
       if (tank.identification && !tank.company) tank.company = tank.identification.Company || '';
     }
-    return {kind, periods: readPeriods(report, elements), tanks, summary};
+    return {kind, periods: readPeriods(root, elements), tanks, summary};
   }
 
-  Object.assign(orvex, {ReportError, readModel, number, isBlank, indentOf});
+  orvex.readModel = readModel;
 })(window.orvex = window.orvex || {});

@@ -155,7 +155,7 @@
   }
 
   function tankSection(model, tank, index) {
-    const made = section(anchorOf(index), {class: 'tank', 'data-tank': nameOf(tank.name), 'data-break': true},
+    const made = section(anchorOf(index), {class: 'tank', 'data-subject': nameOf(tank.name), 'data-break': true},
         heading('h2', anchorOf(index), nameOf(tank.name)),
         tankFacts(tank), ...characteristics(tank),
         ...tank.groups.filter((group) => group.fittings.length > 0).map(tables.deckFittings),

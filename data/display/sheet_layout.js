@@ -108,7 +108,7 @@
     }
 
     function put(item, height) {
-      item.scale = Math.min(1, room / height);
+      item.scale = height > room ? room / height : 1;
       sheets[sheets.length - 1].push(item);
       room -= height;
     }

@@ -2,7 +2,7 @@
 
 // Printing: the report is laid out at the width of a sheet, measured, and its blocks and table rows are moved onto
 // sheets that fit landscape Letter and landscape A4 alike. Afterwards everything goes back to its place. The browser's
-// own page breaks could not repeat a tank's name, number the pages or tell them in the contents.
+// own page breaks could not repeat what a sheet tells of, number the pages or tell them in the contents.
 (function (orvex) {
   const {element} = orvex;
   const root = document.documentElement;
@@ -29,10 +29,8 @@
     }
   }
 
-  function tankOf(body) {
-    const row = body.rows[0];
-    return row ? row.dataset.tank || '' : '';
-  }
+  // What a unit tells of, e.g. a tank: its own row says so, or the first of its body.
+  function subjectOf(row, body) { return row.dataset.subject || body.rows[0].dataset.subject || ''; }
 
   // Whether a row must not be parted from the next one.
   function isLeading(row, next) {
@@ -44,9 +42,8 @@
   // and the mixture whose components it holds.
   function unitsOf(body) {
     const units = [];
-    const rows = Array.from(body.rows);
+    const rows = Array.from(body.rows).filter((row) => !row.hidden);
     const heights = rows.map(heightOf);
-    const tank = tankOf(body);
     const first = rows.length > 0 && hasClass(rows[0], leadingRows) ? 0 : -1;
     let mixture = -1;
     let unit = null;
@@ -54,7 +51,7 @@
       if (!unit) {
         const heads = units.length === 0 ? [] : [first, row.classList.contains('part') ? mixture : -1];
         const repeated = heads.filter((head) => head >= 0);
-        unit = {rows: [], height: 0, body, tank, repeat: repeated.map((head) => rows[head]),
+        unit = {rows: [], height: 0, body, subject: subjectOf(row, body), repeat: repeated.map((head) => rows[head]),
           repeatHeight: repeated.reduce((sum, head) => sum + heights[head], 0)};
       }
       if (row.classList.contains('primary')) mixture = index;
@@ -91,16 +88,18 @@
       {node, height: heightOf(node), keep: node.dataset.keep !== undefined};
   }
 
+  function shownOf(parent) { return Array.from(parent.children).filter((node) => !node.hidden); }
+
   function blocksOf(main) {
     const blocks = [];
-    for (const part of main.children) {
+    for (const part of shownOf(main)) {
       if (part.localName !== 'section') {
         blocks.push(measure(part));
         continue;
       }
-      Array.from(part.children).forEach((node, index) => blocks.push(Object.assign(measure(node), {
+      shownOf(part).forEach((node, index) => blocks.push(Object.assign(measure(node), {
         starts: index === 0 && part.dataset.break !== undefined && !root.classList.contains('single'),
-        tank: part.dataset.tank || '',
+        subject: node.dataset.subject || part.dataset.subject || '',
       })));
     }
     return blocks;
@@ -109,7 +108,8 @@
   // The widths of a table's columns as they were measured, so that its pieces look like one table.
   function columnsOf(table) {
     const count = Array.from(table.tHead.rows[0].cells).reduce((sum, cell) => sum + cell.colSpan, 0);
-    const row = Array.from(table.querySelectorAll('tbody > tr')).find((each) => each.cells.length === count);
+    const row = Array.from(table.querySelectorAll('tbody > tr')).find(
+        (each) => each.cells.length === count && !each.hidden);
     if (!row) return null;
     return element('colgroup', {}, ...Array.from(row.cells, (cell) => {
       const column = element('col');
@@ -189,13 +189,13 @@
     return frame;
   }
 
-  // "VF-101" or "VF-101 … VF-109": the tanks that a sheet tells of.
-  function tanksOf(items) {
+  // "VF-101" or "VF-101 … VF-109": what a sheet tells of.
+  function subjectsOf(items) {
     const names = items.flatMap((item) => {
-      if (!item.block.units) return [item.block.tank];
+      if (!item.block.units) return [item.block.subject];
       const units = item.block.units.slice(item.from, item.ends[item.ends.length - 1]);
-      return units.length === 0 ? [item.block.tank] : [units[0], units[units.length - 1]].map((unit) =>
-        unit.tank || item.block.tank);
+      return units.length === 0 ? [item.block.subject] : [units[0], units[units.length - 1]].map((unit) =>
+        unit.subject || item.block.subject);
     }).filter((name) => name);
     if (names.length === 0) return '';
     const [first, last] = [names[0], names[names.length - 1]];
@@ -205,7 +205,7 @@
   function sheetOf(items, page, count) {
     return element('section', {class: 'sheet', 'data-page': page, 'aria-label': `Page ${page}`},
         element('p', {class: 'sheet-head'}, element('span', {}, printable.title),
-            element('span', {class: 'sheet-tank'}, tanksOf(items))),
+            element('span', {class: 'sheet-subject'}, subjectsOf(items))),
         element('div', {class: 'sheet-body'}, ...items.map((item) => scaled(contentOf(item), item))),
         element('p', {class: 'sheet-foot'}, element('span', {}, 'ORVEX'),
             element('span', {}, `Page ${page} of ${count}`)));

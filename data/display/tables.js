@@ -1,9 +1,9 @@
 'use strict';
 
-// The tables of the page. A column is {name, label, unit, group, share, again, rowHeading, figure, prose}: `name` says
+// Tables of columns. A column is {name, label, unit, group, share, again, sort, rowHeading, figure, prose}: `name` says
 // which text of a record it shows, `group` puts it under a heading with its neighbours, `share` is its part of the
-// width in per cent, `again` repeats it beside a row's name where that row's parts go on on another sheet, the rest is
-// how it looks.
+// width in per cent, `again` repeats it beside a row's name where that row's parts go on on another sheet, `sort` lets
+// a person sort by it ("number" or "text"), the rest is how it looks.
 (function (orvex) {
   const {element, labels, isBlank, indentOf} = orvex;
 
@@ -16,10 +16,12 @@
     return column.again ? 'again' : null;
   }
 
-  function headingCell(column, rows) {
-    const {label, unit} = column;
-    return element('th', {scope: 'col', class: classOf(column), rowspan: rows}, label, unit ? ' ' : null,
-        unitText(unit));
+  function headingCell(column, index, rows) {
+    const {label, unit, sort} = column;
+    const attributes = {scope: 'col', class: classOf(column), rowspan: rows};
+    if (sort) Object.assign(attributes, {'aria-sort': 'none', 'data-sort': sort, 'data-column': index});
+    return element('th', attributes, sort ? element('button', {type: 'button', class: 'sort'}, label) : label,
+        unit ? ' ' : null, unitText(unit));
   }
 
   // Runs of columns with the same group, in order.
@@ -38,20 +40,24 @@
 
   function head(columns) {
     if (!columns.some((column) => column.group)) {
-      return element('thead', {}, element('tr', {}, ...columns.map((column) => headingCell(column))));
+      return element('thead', {}, element('tr', {}, ...columns.map((column, index) => headingCell(column, index))));
     }
     const upper = element('tr');
     const lower = element('tr');
+    let index = 0;
     for (const {group, columns: members} of groupsOf(columns)) {
+      const first = index;
+      index += members.length;
       if (!group) {
-        upper.append(headingCell(members[0], 2));
+        upper.append(headingCell(members[0], first, 2));
         continue;
       }
-      const unit = members[0].unit;
+      // A unit that all of them have stands once, over them.
+      const unit = members.every((column) => column.unit === members[0].unit) ? members[0].unit : null;
       upper.append(element('th', {scope: 'colgroup', colspan: members.length, class: 'over'}, group, unit ? ' ' : null,
           unitText(unit)));
-      // The unit stands once, over all of them.
-      lower.append(...members.map((column) => headingCell(Object.assign({}, column, {unit: null}))));
+      lower.append(...members.map((column, at) => headingCell(unit ? Object.assign({}, column, {unit: null}) : column,
+          first + at)));
     }
     return element('thead', {}, upper, lower);
   }
@@ -124,7 +130,7 @@
     const heading = element('th', {scope: 'rowgroup', colspan: columnCount, id: anchor, tabindex: '-1'},
         element('span', {class: 'tank-name'}, tank.name),
         place ? element('span', {class: 'place'}, ` ${place}`) : null);
-    return element('tr', {class: 'tank-row', 'data-tank': tank.id}, heading);
+    return element('tr', {class: 'tank-row', 'data-subject': tank.id}, heading);
   }
 
   /** The losses of all tanks, tank after tank; `anchorOf(index)` is the id that links lead to. */

@@ -70,7 +70,7 @@ TEST_F(InstalledTest, ThePdfProgramIsDeliveredWithTheWindowsAndPrints) {
 }
 
 TEST_F(InstalledTest, TheSchemasOfTheReportFilesAreThere) {
-  for (const auto* name : {"briefdata.rng", "summarydata.rng", "report_texts.rng"})
+  for (const auto* name : {"briefdata.rng", "summarydata.rng", "data_export.rng", "report_texts.rng"})
     EXPECT_NE(FileContent(prefix_ / "share" / "orvex" / "schema" / name).find("relaxng.org"), std::string::npos)
         << name;
 }

@@ -95,7 +95,7 @@ class PrintTest(report_case.ReportCase):
     def first_rows(self, selector):
         """[sheet's tank, caption, [cells of each of the first three rows]] of each piece of a table on the sheets."""
         return self.browser.run("""return Array.from(document.querySelectorAll(arguments[0]), (table) => [
-            table.closest('.sheet').querySelector('.sheet-tank').textContent, table.caption.textContent,
+            table.closest('.sheet').querySelector('.sheet-subject').textContent, table.caption.textContent,
             Array.from(table.tBodies).flatMap((body) => Array.from(body.rows)).slice(0, 3).map(
                 (row) => Array.from(row.cells, (cell) => cell.textContent.trim()))])""", selector)
 
@@ -158,14 +158,14 @@ class PrintTest(report_case.ReportCase):
                 self.open(text, kind)
                 tanks = [tank.findtext('TankName') for tank in xml.fromstring(text).findall('Tank')]
                 drawn = self.browser.run("""return Array.from(document.querySelectorAll('section.tank .chart'),
-                    (chart) => [chart.closest('section').dataset.tank, chart.querySelector('strong').textContent])""")
+                    (chart) => [chart.closest('section').dataset.subject, chart.querySelector('strong').textContent])""")
                 # Tanks whose liquid does not change with the months are computed for the year alone.
                 yearly = [tank.findtext('TankName') for tank in xml.fromstring(text).findall('Tank')
                           if tank.findtext('LiquidContents/Month') == 'All']
                 self.assertEqual(drawn, [[name, heading] for name in tanks if name not in yearly])
                 self.browser.run('orvex.preparePrint()')
                 printed = self.browser.run("""return Array.from(document.querySelectorAll('.sheet .monthlyCourse'),
-                    (chart) => [chart.closest('.sheet').querySelector('.sheet-tank').textContent,
+                    (chart) => [chart.closest('.sheet').querySelector('.sheet-subject').textContent,
                         chart.querySelector('strong').textContent])""")
                 self.assertEqual(printed, drawn)
                 pages = browser.pages_of(self.print('a4'))
@@ -175,7 +175,7 @@ class PrintTest(report_case.ReportCase):
         self.open(reports.report_text('detail', '', 'VF-103,IF-302'), 'detail')
         self.browser.run('orvex.preparePrint()')
         heads = self.browser.run("""return Array.from(document.querySelectorAll('.sheet'), (sheet) =>
-            [sheet.querySelector('.sheet-tank').textContent, sheet.querySelectorAll('h2').length])""")
+            [sheet.querySelector('.sheet-subject').textContent, sheet.querySelectorAll('h2').length])""")
         names = [name for name, _ in heads]
         first = names.index('VF-103   -   Vertical Fixed Roof Tank')
         self.assertEqual(set(names[:first]), {''})
@@ -185,7 +185,7 @@ class PrintTest(report_case.ReportCase):
     def test_sheets_of_a_brief_report_name_their_first_and_last_tank(self):
         self.open(reports.report_text('brief'), 'brief')
         self.browser.run('orvex.preparePrint()')
-        names = self.browser.run("""return Array.from(document.querySelectorAll('.sheet-tank'),
+        names = self.browser.run("""return Array.from(document.querySelectorAll('.sheet-subject'),
             (name) => name.textContent).filter((name) => name !== '')""")
         self.assertTrue(names[0].startswith('VF-101 … '))
         self.assertTrue(names[-1].endswith('DE-502'))

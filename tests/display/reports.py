@@ -15,7 +15,7 @@ import xml.etree.ElementTree as xml
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 BUILD = pathlib.Path(os.environ.get('ORVEX_BUILD_FOLDER', ROOT / 'build' / 'release'))
-DISPLAY = ROOT / 'data' / 'display'
+DISPLAY = BUILD / 'data' / 'display'
 PAGES = {'brief': ('briefdata.xml', 'briefdisplay.htm'), 'summary': ('summarydata.xml', 'summarydisplay.htm'),
          'detail': ('summarydata.xml', 'summarydisplay.htm')}
 MONTHS = ['Jan', 'Feb', 'Mar', 'Apr', 'May', 'Jun', 'Jul', 'Aug', 'Sep', 'Oct', 'Nov', 'Dec']

@@ -33,6 +33,11 @@ constexpr std::string_view kBriefReport = R"(<?xml version="1.0"?><REPORT>
 <BreathingLoss>3.00</BreathingLoss><TotalEmissions>5.00</TotalEmissions></COMPONENT></Tank>
 </REPORT>)";
 
+constexpr std::string_view kDeckSeamReport = R"(<?xml version="1.0"?><DataExport><Type>Deck</Type>\r\n\r\n
+<Deck>Deck Seam Report<Counter>1</Counter><NAME>Panel: 5 x 7.5 Ft</NAME><CONSTRUC>Panel</CONSTRUC><SWIDTH/><PWIDTH>7.50</PWIDTH>
+<PLENGTH>5.00</PLENGTH><SD>0.33</SD><KD>0.14</KD><APICERT/><USER_DEF>Y</USER_DEF><REC_NO>1</REC_NO></Deck>
+</DataExport>)";
+
 }  // namespace
 
 const std::string_view kTinyReport = R"(
@@ -67,11 +72,21 @@ fs::path PageTest::WriteReport(const std::string& name, std::string_view title) 
   return WritePage(name, "loading", title, kTinyReport);
 }
 
-fs::path PageTest::DeliverBriefReport() {
-  for (const auto& entry : fs::directory_iterator(ORVEX_DISPLAY_SOURCES))
+void PageTest::DeliverPages() {
+  for (const auto& entry : fs::directory_iterator(ORVEX_DISPLAY_FOLDER))
     fs::copy_file(entry, folder_.Path() / entry.path().filename());
+}
+
+fs::path PageTest::DeliverBriefReport() {
+  DeliverPages();
   WriteFile(folder_.Path() / "briefdata.xml", kBriefReport);
   return folder_.Path() / "briefdisplay.htm";
+}
+
+fs::path PageTest::DeliverDeckSeamReport() {
+  DeliverPages();
+  WriteFile(folder_.Path() / "data_export.xml", kDeckSeamReport);
+  return folder_.Path() / "data_display.htm";
 }
 
 bool PageTest::WaitFor(const std::function<bool()>& condition) {

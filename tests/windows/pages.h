@@ -30,11 +30,16 @@ class PageTest : public testing::Test {
   std::filesystem::path WriteReport(const std::string& name = "report.htm", std::string_view title = "Tiny report");
   /// Puts the delivered display pages and a Brief report of two tanks into the folder.
   std::filesystem::path DeliverBriefReport();
+  /// Puts the delivered display pages and a report on one deck seam into the folder.
+  std::filesystem::path DeliverDeckSeamReport();
 
   /// Works the event loop until the condition holds; false when the tests' patience ends first.
   static bool WaitFor(const std::function<bool()>& condition);
 
   TemporaryFolder folder_;
+
+ private:
+  void DeliverPages();
 };
 
 /// What pdfinfo and pdftotext tell of a PDF file.

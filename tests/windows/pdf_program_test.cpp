@@ -84,6 +84,16 @@ TEST_F(PdfProgram, PrintsTheDeliveredPageWithItsFigures) {
     EXPECT_NE(pdf.text.find(figure), std::string::npos) << figure;
 }
 
+TEST_F(PdfProgram, PrintsTheDeliveredPageOfReferenceData) {
+  const auto ending = Print(DeliverDeckSeamReport());
+  EXPECT_EQ(ending.status, 0) << ending.err;
+  const auto pdf = test::ReadPdf(Pdf());
+  EXPECT_EQ(pdf.pages, 1);
+  EXPECT_GT(pdf.width_pt, pdf.height_pt);
+  for (const auto* text : {"Deck Seam Report", "Panel: 5 x 7.5 Ft", "0.33", "lb-mole/ft-yr", "Yes"})
+    EXPECT_NE(pdf.text.find(text), std::string::npos) << text;
+}
+
 TEST_F(PdfProgram, LeavesNothingBehindInHomeOrTemporaryFolder) {
   EXPECT_EQ(Print(WriteReport()).status, 0);
   EXPECT_EQ(test::EntryCount(Home()), 0);

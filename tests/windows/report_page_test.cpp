@@ -31,6 +31,8 @@ class ReportPageTest : public test::PageTest {
 
 TEST_F(ReportPageTest, TellsWhenTheReportIsDrawn) { EXPECT_EQ(Opened(WriteReport()), "ready"); }
 
+TEST_F(ReportPageTest, ShowsAReportOnReferenceData) { EXPECT_EQ(Opened(DeliverDeckSeamReport()), "ready"); }
+
 TEST_F(ReportPageTest, PassesOnTheSentenceOfAPageThatFailed) {
   EXPECT_EQ(Opened(WritePage("p.htm", "failed", "Report", "<p role=\"alert\"> The file is cut off. </p>")),
             "failed: The file is cut off.");
