@@ -130,7 +130,7 @@ mapfile -t topics < <(sed -E 's/^ +//; /^(#.*)?$/d' "$pages/contents.txt")
 [[ ${topics[0]-} == index ]] || Fail "the first page of contents.txt must be the index"
 for page in "$pages"/*.md; do
   topic=$(basename "$page" .md)
-  printf '%s\n' "${topics[@]}" | grep -qx "$topic" || Fail "contents.txt does not name the page $topic"
+  [[ " ${topics[*]} " == *" $topic "* ]] || Fail "contents.txt does not name the page $topic"
 done
 
 rm -rf "$work"

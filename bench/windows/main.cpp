@@ -15,17 +15,15 @@
 #include <exception>
 #include <filesystem>
 #include <functional>
-#include <iterator>
 #include <map>
 #include <string>
 #include <utility>
 
 #include "inventory.h"
-#include "reports/report_commands.h"
 #include "shell/session.h"
-#include "shell/shell_commands.h"
 #include "shell/start_up.h"
 #include "windows/desktop_host.h"
+#include "windows/program_commands.h"
 #include "windows/web_application.h"
 
 namespace orvex::bench {
@@ -85,9 +83,7 @@ Times Measure(const fs::path& folder) {
   windows::DesktopHost host(nullptr);
   shell::Session session(host);
   session.application_folder = folder;
-  session.commands.assign(std::begin(shell::kShellCommands), std::end(shell::kShellCommands));
-  session.commands.insert(session.commands.end(), std::begin(reports::kReportCommands),
-                          std::end(reports::kReportCommands));
+  windows::AddCommands(session);
   host.Attach(session);
   Times times;
   QElapsedTimer clock;

@@ -12,6 +12,7 @@
 #include <QTimer>
 #include <QWheelEvent>
 #include <algorithm>
+#include <utility>
 
 #include "windows/display_text.h"
 
@@ -37,6 +38,8 @@ struct LineState {
   }
 
   void Restore(QLineEdit& line) const {
+    // What was there to be typed over is so still.
+    if (selected > 0 && selected == text.size()) return line.selectAll();
     if (line.text() != text) return;
     if (selected_from >= 0 && line.selectionLength() != selected) line.setSelection(selected_from, selected);
     if (selected_from < 0 && line.cursorPosition() != cursor) line.setCursorPosition(cursor);
@@ -59,7 +62,7 @@ ChoiceBox::ChoiceBox(Typing typing, QWidget* parent) : QComboBox(parent), typing
   if (typing_ != Typing::kNothing) MakeLine();
   // When it is left, a box that can be typed in chooses by itself; here that is said by `Settle`.
   connect(this, &QComboBox::activated, this, [this](int item) {
-    if (!leaving_) Take(item);
+    if (!leaving_) Pick(item);
   });
 }
 
@@ -83,8 +86,16 @@ bool ChoiceBox::eventFilter(QObject* watched, QEvent* event) {
   return QComboBox::eventFilter(watched, event);
 }
 
+void ChoiceBox::SetTyping(Typing typing) {
+  if (typing == typing_) return;
+  typing_ = typing;
+  finding_ = naming_ = false;
+  ShowText(told_);
+}
+
 void ChoiceBox::NoteTyped(const QString& text) {
-  if (typing_ == Typing::kTakes) {
+  if (typing_ != Typing::kFinds) {
+    if (!std::exchange(naming_, true)) before_ = told_;
     told_ = text;
     Q_EMIT Typed(text);
     return;
@@ -99,9 +110,16 @@ void ChoiceBox::NoteTyped(const QString& text) {
 void ChoiceBox::Take(int item) {
   if (item < 0 || item >= static_cast<int>(items_.size())) return;
   finding_ = false;
+  if (std::exchange(naming_, false) && typing_ == Typing::kNames) Q_EMIT Typed(before_);
   told_ = itemText(item);
   ShowText(told_);
   Q_EMIT Chosen(item);
+}
+
+void ChoiceBox::Pick(int item) {
+  Take(item);
+  // The next one may be looked for at once. The line itself, too, is told what was picked, and loses what is selected.
+  if (lineEdit() != nullptr) QTimer::singleShot(0, lineEdit(), &QLineEdit::selectAll);
 }
 
 void ChoiceBox::Draw(const shell::ComboBox& record) {
@@ -155,7 +173,16 @@ QAbstractItemView* ChoiceBox::Matches() const {
   return popup != nullptr && popup->isVisible() ? popup : nullptr;
 }
 
-int ChoiceBox::ItemOf(const QString& text) const { return findText(text, Qt::MatchFixedString); }
+int ChoiceBox::ItemOf(const QString& text) const {
+  const int same = findText(text, Qt::MatchFixedString | Qt::MatchCaseSensitive);
+  return same >= 0 ? same : findText(text, Qt::MatchFixedString);
+}
+
+int ChoiceBox::Found() const {
+  if (const int whole = ItemOf(lineEdit()->text()); whole >= 0) return whole;
+  const auto* proxy = qobject_cast<const QAbstractProxyModel*>(completer()->completionModel());
+  return proxy->mapToSource(proxy->index(0, 0)).row();
+}
 
 void ChoiceBox::PressEnter() {
   auto* matches = Matches();
@@ -166,11 +193,9 @@ void ChoiceBox::PressEnter() {
   }
   matches->hide();
   if (typing_ != Typing::kFinds || matches->model()->rowCount() == 0) return;
-  // What was looked for is the first one that was found.
-  const auto* proxy = qobject_cast<const QAbstractProxyModel*>(completer()->completionModel());
-  const int item = proxy->mapToSource(proxy->index(0, 0)).row();
+  const int item = Found();
   setCurrentIndex(item);
-  Take(item);
+  Pick(item);
 }
 
 void ChoiceBox::GiveUpFinding() {
@@ -189,7 +214,7 @@ void ChoiceBox::keyPressEvent(QKeyEvent* event) {
   const bool opens = key == Qt::Key_Down || key == Qt::Key_Up;
   if (enter) {
     PressEnter();
-  } else if (key == Qt::Key_Escape && finding_) {
+  } else if (key == Qt::Key_Escape && (finding_ || (typing_ == Typing::kNames && matches != nullptr))) {
     GiveUpFinding();
   } else if (opens && matches == nullptr && isEditable()) {
     showPopup();
@@ -201,13 +226,15 @@ void ChoiceBox::keyPressEvent(QKeyEvent* event) {
 
 void ChoiceBox::focusInEvent(QFocusEvent* event) {
   QComboBox::focusInEvent(event);
-  if (lineEdit() == nullptr || IsPassing(*event)) return;
+  const bool comes_back = std::exchange(entered_, true) && IsPassing(*event);
+  if (lineEdit() == nullptr || comes_back) return;
   lineEdit()->selectAll();
   // The press that follows sets the cursor.
   if (event->reason() == Qt::MouseFocusReason) QTimer::singleShot(0, lineEdit(), &QLineEdit::selectAll);
 }
 
 void ChoiceBox::focusOutEvent(QFocusEvent* event) {
+  if (!IsPassing(*event)) entered_ = false;
   const auto text = lineEdit() == nullptr ? QString() : lineEdit()->text();
   leaving_ = true;
   QComboBox::focusOutEvent(event);
@@ -217,8 +244,10 @@ void ChoiceBox::focusOutEvent(QFocusEvent* event) {
 
 void ChoiceBox::Settle(const QString& text) {
   const int item = ItemOf(text);
-  finding_ = false;
-  if (text == told_ || (typing_ == Typing::kFinds && item < 0)) return ShowText(told_);
+  finding_ = naming_ = false;
+  // A name that was come to among those offered, and not picked, is not meant.
+  const bool passed = typing_ == Typing::kNames && item >= 0;
+  if (text == told_ || passed || (typing_ == Typing::kFinds && item < 0)) return ShowText(told_);
   if (item >= 0) return Take(item);
   told_ = text;
   Q_EMIT Typed(text);

@@ -148,6 +148,10 @@ Answer DesktopHost::ShowMessage(const std::string& text, const std::string& titl
   return answer == std::end(kAnswers) ? Answer::kCancel : answer->answer;
 }
 
+void DesktopHost::DrawWindow() {
+  if (const auto* window = qobject_cast<ModelDialog*>(Top()); window != nullptr) window->DrawControls();
+}
+
 std::string DesktopHost::OpenFile(const shell::FileRequest& request) {
   return AskForFile(Top(), request, QFileDialog::AcceptOpen);
 }

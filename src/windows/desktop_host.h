@@ -45,6 +45,7 @@ class DesktopHost : public shell::Host {
   void ShowHelp(const std::string& topic) override;
   void ShowPrinterSetup() override;
   void ShowWindow(std::string_view name) override;
+  void DrawWindow() override;
   void ShowMainWindow() override;
   void CloseMainWindow() override;
   void CloseOtherWindows(std::string_view kept) override;

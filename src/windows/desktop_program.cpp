@@ -3,18 +3,15 @@
 #include <QApplication>
 #include <QSettings>
 #include <QTimer>
-#include <iterator>
 #include <string>
 
-#include "entry/entry_commands.h"
-#include "reports/report_commands.h"
 #include "shell/application_folder.h"
-#include "shell/shell_commands.h"
 #include "shell/start_up.h"
 #include "shell/status.h"
 #include "windows/desktop_host.h"
 #include "windows/guarded.h"
 #include "windows/pictures.h"
+#include "windows/program_commands.h"
 
 namespace orvex::windows {
 namespace {
@@ -22,12 +19,6 @@ namespace {
 constexpr int kCannotStart = 1;
 /// Sizes of the windows; the settings that the program works by are kept apart from them.
 constexpr const char* kViewSettings = "windows.ini";
-
-void AddCommands(shell::Session& session) {
-  auto& commands = session.commands;
-  commands.insert(commands.end(), std::begin(shell::kShellCommands), std::end(shell::kShellCommands));
-  commands.insert(commands.end(), std::begin(reports::kReportCommands), std::end(reports::kReportCommands));
-}
 
 /// The program may work without a file that could not be put in place, so it goes on.
 void FillFolder(shell::Session& session, const std::filesystem::path& program) {
@@ -57,7 +48,6 @@ int RunDesktopProgram(const ProgramPlaces& places) {
   session.application_folder = places.application_folder;
   session.settings = shell::Settings(places.settings_folder);
   AddCommands(session);
-  entry::AddTankEntry(session);
   host.Attach(session);
   QTimer::singleShot(0, QCoreApplication::instance(), [&] { Start(host, session, places.program); });
   return QApplication::exec();

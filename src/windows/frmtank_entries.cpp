@@ -13,7 +13,7 @@
 #include "windows/display_text.h"
 #include "windows/frmtank_view.h"
 #include "windows/refusal_note.h"
-#include "windows/tank_picture.h"
+#include "windows/svg_picture.h"
 
 namespace orvex::windows {
 namespace {
@@ -189,7 +189,7 @@ QWidget* FrmTankView::MakePhysicalPage() {
     auto* grid = qobject_cast<QGridLayout*>(GroupBoxOf(internal ? "cboFittingIT" : "cboFittingET")->layout());
     grid->addWidget(fittings, grid->rowCount(), 1);
   }
-  auto* picture = new TankPicture(page);
+  auto* picture = new SvgPicture(page);
   picture->setObjectName(QStringLiteral("tankDrawing"));
   picture->setAccessibleName(tr("Drawing of the tank"));
   picture->setToolTip(tr("The tank with its dimensions as they stand in the entries"));

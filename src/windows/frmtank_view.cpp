@@ -113,10 +113,7 @@ void FrmTankView::showEvent(QShowEvent* event) {
 }
 
 void FrmTankView::keyPressEvent(QKeyEvent* event) {
-  auto* button = qobject_cast<QPushButton*>(focusWidget());
-  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (!enter || button == nullptr) return ModelDialog::keyPressEvent(event);
-  button->click();
+  if (!PressFocusedButton(*this, *event)) ModelDialog::keyPressEvent(event);
 }
 
 QHBoxLayout* FrmTankView::MakeFoot() {

@@ -17,6 +17,7 @@
 #include <QSettings>
 #include <QShortcut>
 #include <QSignalBlocker>
+#include <QStyle>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -316,8 +317,12 @@ void ModelDialog::TakeFocus(QWidget* button) {
   if (!watched_.empty() && !button->hasFocus()) button->setFocus(Qt::ShortcutFocusReason);
 }
 
-void ModelDialog::Draw() {
+void ModelDialog::DrawControls() const {
   for (const auto& draw : drawings_) draw();
+}
+
+void ModelDialog::Draw() {
+  DrawControls();
   if (state_.closed || session_.ended) return Unload();
   if (!state_.focus.empty()) MoveFocus();
 }
@@ -337,15 +342,15 @@ void ModelDialog::Prepare() {
   Draw();
   const auto room = screen()->availableSize() - kDecoration;
   const auto wanted = sizeHint();
-  ScrollWhereTooLarge(room);
+  const auto bars = ScrollWhereTooLarge(room);
   const auto remembered = settings_ == nullptr ? QSize() : settings_->value(SizeKey()).toSize();
-  resize(wanted.expandedTo(remembered).boundedTo(room));
+  resize((wanted + bars).expandedTo(remembered).boundedTo(room));
 }
 
-void ModelDialog::ScrollWhereTooLarge(QSize room) {
+QSize ModelDialog::ScrollWhereTooLarge(QSize room) {
   layout()->activate();
   const auto least = minimumSizeHint();
-  if (least.width() <= room.width() && least.height() <= room.height()) return;
+  if (least.width() <= room.width() && least.height() <= room.height()) return {0, 0};
   // The layout has set it to what the screen has no room for.
   setMinimumSize(0, 0);
   auto* body = new QWidget;
@@ -359,6 +364,9 @@ void ModelDialog::ScrollWhereTooLarge(QSize room) {
   auto* around = new QVBoxLayout(this);
   around->setContentsMargins(0, 0, 0, 0);
   around->addWidget(area);
+  // Without room for it the bar of one direction would make one of the other necessary.
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, area);
+  return {least.height() > room.height() ? bar : 0, least.width() > room.width() ? bar : 0};
 }
 
 QString ModelDialog::SizeKey() const { return objectName() + QStringLiteral("/size"); }

@@ -74,6 +74,8 @@ class ModelDialog : public QDialog {
 
   /// Draws the window and gives it its size; called once, before it is shown.
   void Prepare();
+  /// Draws all controls anew, and leaves the focus where it is.
+  void DrawControls() const;
   /// Closes the window without asking the model.
   void Unload();
   /// The model has closed it, though a command that it runs has not come back yet.
@@ -142,7 +144,8 @@ class ModelDialog : public QDialog {
   void TakeFocus(QWidget* button);
   void FollowFocus(QWidget* now);
   [[nodiscard]] QWidget* WatchedOf(QWidget* widget) const;
-  void ScrollWhereTooLarge(QSize room);
+  /// @return what the scroll bars take of the window {px}
+  QSize ScrollWhereTooLarge(QSize room);
   [[nodiscard]] QString SizeKey() const;
 
   struct FocusActions {

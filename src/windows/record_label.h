@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 
@@ -21,6 +22,15 @@ inline void ShowRecordLabel(QLabel& label, const shell::TextBox& record) {
   label.setText(Shown(record.text));
   label.setAccessibleName(label.text());
   label.setVisible(record.visible);
+}
+
+/// Enter presses the button that has the focus, and no other, in a window without a default one. Whether it did.
+inline bool PressFocusedButton(const QWidget& window, const QKeyEvent& event) {
+  auto* button = qobject_cast<QPushButton*>(window.focusWidget());
+  const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+  if (!enter || button == nullptr) return false;
+  button->click();
+  return true;
 }
 
 /// Enter belongs to the entries of the window.

@@ -11,8 +11,15 @@
 #include "entry/frmrecfit.h"
 #include "entry/frmspecpro.h"
 #include "entry/frmtank_text.h"
+#include "refdata/frmchemical.h"
+#include "refdata/frmdeckseam.h"
+#include "refdata/frmfitting.h"
+#include "refdata/frmmet.h"
+#include "refdata/frmprofile.h"
+#include "refdata/frmrimseal.h"
 #include "reports/frmmonth.h"
 #include "reports/frmprintrep.h"
+#include "reports/frmrepselect.h"
 #include "reports/frmreptyp.h"
 #include "reports/frmtankrep.h"
 #include "shell/frmchange.h"
@@ -38,9 +45,16 @@ constexpr WindowEntry kWindows[] = {
     {reports::kFrmtankrepText, MakeFrmtankrep},
     {reports::kFrmmonthText, MakeFrmmonth},
     {reports::kFrmreptypText, MakeFrmreptyp},
+    {reports::kFrmrepselectText, MakeFrmrepselect},
     {reports::kFrmprintrepText, MakeFrmprintrep},
     {entry::kFrmeditrecText, MakeFrmeditrec},
     {entry::kFrmrecdeleteText, MakeFrmrecdelete},
+    {refdata::kFrmchemicalText, MakeFrmchemical},
+    {refdata::kFrmMetText, MakeFrmMet},
+    {refdata::kFrmFittingText, MakeFrmFitting},
+    {refdata::kFrmRimSealText, MakeFrmRimSeal},
+    {refdata::kFrmDeckSeamText, MakeFrmDeckSeam},
+    {refdata::kFrmProfileText, MakeFrmProfile},
     {entry::kFrmTankText, MakeFrmTank, true},
     {entry::kFrmCopyDataText, MakeFrmCopyData, true},
     {entry::kFrmcomponentText, MakeFrmcomponent, true},

@@ -27,6 +27,7 @@ class AllWindows : public DesktopTest, public testing::WithParamInterface<const 
  protected:
   std::unique_ptr<windows::ModelDialog> Open() {
     if (GetParam()->needs_tank) OpenTank(session_, shell::kInternalFloatingRoof);
+    if (GetParam()->text.name == "frmrepselect") session_.PrintMode = "Chemical";
     auto window = GetParam()->make({session_, &host_.Main(), nullptr});
     window->Prepare();
     window->show();
@@ -165,6 +166,19 @@ TEST_F(DesktopTest, CommandOfALaterReleaseIsDisabledAndSaysSo) {
   EXPECT_FALSE(later->isEnabled());
   EXPECT_EQ(later->toolTip(), QStringLiteral("Comes with a later release of this program."));
   EXPECT_TRUE(window.findChild<QAction*>(QStringLiteral("mnuAnnBrief"))->isEnabled());
+}
+
+TEST_F(DesktopTest, EveryEntryOfTheMenuDataWorksButImports) {
+  const auto& data = Find<QMenu>(host_.Main(), QStringLiteral("mnuData"));
+  int working = 0;
+  for (const auto* entry : data.findChildren<QAction*>()) {
+    const auto name = entry->objectName();
+    if (name.isEmpty() || entry->menu() != nullptr) continue;
+    EXPECT_EQ(entry->isEnabled(), !name.contains(QStringLiteral("Import"))) << name.toStdString();
+    working += entry->isEnabled() ? 1 : 0;
+  }
+  // Seven of the tanks, two of each of six tables, the update.
+  EXPECT_EQ(working, 20);
 }
 
 TEST_F(DesktopTest, MainWindowFitsASmallScreenAndCutsNothingOff) {

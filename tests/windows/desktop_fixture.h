@@ -3,16 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <iterator>
 
-#include "entry/entry_commands.h"
-#include "reports/report_commands.h"
 #include "shell/session.h"
-#include "shell/shell_commands.h"
 #include "store/database.h"
 #include "support/test_databases.h"
 #include "windows/desktop_host.h"
 #include "windows/main_window.h"
+#include "windows/program_commands.h"
 
 namespace orvex::test {
 
@@ -28,10 +25,7 @@ class DesktopTest : public testing::Test {
     session_.ClientDb = store::Database::Open(session_.ClientPath);
     session_.application_folder = folder_.Path();
     session_.PrintMode = "Report";
-    auto& commands = session_.commands;
-    commands.insert(commands.end(), std::begin(shell::kShellCommands), std::end(shell::kShellCommands));
-    commands.insert(commands.end(), std::begin(reports::kReportCommands), std::end(reports::kReportCommands));
-    entry::AddTankEntry(session_);
+    windows::AddCommands(session_);
     host_.Attach(session_);
     host_.ShowMainWindow();
   }

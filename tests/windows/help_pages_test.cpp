@@ -22,8 +22,15 @@
 #include "entry/frmrecfit.h"
 #include "entry/frmspecpro.h"
 #include "entry/frmtank_text.h"
+#include "refdata/frmchemical.h"
+#include "refdata/frmdeckseam.h"
+#include "refdata/frmfitting.h"
+#include "refdata/frmmet.h"
+#include "refdata/frmprofile.h"
+#include "refdata/frmrimseal.h"
 #include "reports/frmmonth.h"
 #include "reports/frmprintrep.h"
+#include "reports/frmrepselect.h"
 #include "reports/frmreptyp.h"
 #include "reports/frmtankrep.h"
 #include "shell/command.h"
@@ -56,6 +63,11 @@ constexpr const shell::WindowText* kWindows[] = {
 constexpr const shell::WindowText* kEntryWindows[] = {&entry::kFrmeditrecText,   &entry::kFrmrecdeleteText,
                                                       &entry::kFrmCopyDataText,  &entry::kFrmrecfitText,
                                                       &entry::kFrmcomponentText, &entry::kFrmspecproText};
+
+/// The windows of the reference tables.
+constexpr const shell::WindowText* kReferenceWindows[] = {
+    &refdata::kFrmchemicalText, &refdata::kFrmMetText,     &refdata::kFrmFittingText,  &refdata::kFrmRimSealText,
+    &refdata::kFrmDeckSeamText, &refdata::kFrmProfileText, &reports::kFrmrepselectText};
 
 /// What the windows, the menus and the other pages ask for.
 constexpr std::string_view kTopics[] = {"index",
@@ -91,7 +103,15 @@ constexpr std::string_view kTopics[] = {"index",
                                         "fittings_entry",
                                         "copy_tank",
                                         "edit_tank",
-                                        "delete_tanks"};
+                                        "delete_tanks",
+                                        "reference_data",
+                                        "chemicals_edit",
+                                        "weather_edit",
+                                        "fittings_edit",
+                                        "rim_seals_edit",
+                                        "deck_seams_edit",
+                                        "profiles_edit",
+                                        "report_selection"};
 
 std::string Page(std::string_view topic) { return FileContent(kPages / (std::string(topic) + ".html")); }
 
@@ -257,11 +277,29 @@ TEST(HelpPages, ExplainEveryMessageOfTankEntry) {
   EXPECT_GT(messages, 30);
 }
 
+/// What a plot says is told with its window, all else with the messages.
+TEST(HelpPages, ExplainEveryMessageOfTheReferenceEditors) {
+  const auto errors = Words(Page("errors"));
+  std::string windows;
+  for (const auto* window : kReferenceWindows) windows += Words(Page(window->topic));
+  int messages = 0, said_by_plots = 0;
+  for (const auto& source : std::filesystem::directory_iterator(kSources / "refdata")) {
+    const auto name = source.path().filename().string();
+    if (name.ends_with("_plot.cpp")) {
+      said_by_plots += ExpectMessagesTold(source.path(), windows);
+    } else if (name.ends_with(".cpp") || name == "questions.h") {
+      messages += ExpectMessagesTold(source.path(), errors);
+    }
+  }
+  EXPECT_GT(messages, 25);
+  EXPECT_GT(said_by_plots, 10);
+}
+
 /// A text as a person reads it: without the mark of its access key.
 std::string Read(std::string_view caption) {
   std::string text(caption);
   std::erase(text, '&');
-  return Trimmed(std::regex_replace(text, std::regex(":$"), ""));
+  return Trimmed(std::regex_replace(Trimmed(text), std::regex(":$"), ""));
 }
 
 std::string PageText(std::string_view topic) {
@@ -305,6 +343,27 @@ TEST(HelpPages, TellEveryControlOfTheSmallWindowsOfTankEntry) {
     EXPECT_THAT(PageText(window->topic), HasSubstr(std::string(window->title)));
     for (const auto& control : window->controls) ExpectControlTold(window->topic, control);
   }
+}
+
+TEST(HelpPages, TellEveryControlOfTheWindowsOfReferenceData) {
+  for (const auto* window : kReferenceWindows) {
+    EXPECT_THAT(PageText(window->topic), HasSubstr(std::string(window->title)));
+    for (const auto& control : window->controls) ExpectControlTold(window->topic, control);
+  }
+}
+
+TEST(HelpPages, TellTheHeadingsOverTheEntriesOfReferenceData) {
+  const auto expect_told = [](std::string_view topic, std::span<const refdata::EntryInfo> infos) {
+    for (const auto& info : infos) {
+      EXPECT_THAT(PageText(topic), HasSubstr(Read(info.group))) << info.text.name;
+      for (const auto item : info.items) EXPECT_THAT(PageText(topic), HasSubstr(std::string(item))) << info.text.name;
+    }
+  };
+  expect_told("chemicals_edit", refdata::kChemicalEntries);
+  expect_told("weather_edit", refdata::kMetEntries);
+  expect_told("fittings_edit", refdata::kFittingEntries);
+  expect_told("rim_seals_edit", refdata::kRimSealEntries);
+  expect_told("deck_seams_edit", refdata::kDeckSeamEntries);
 }
 
 TEST(HelpPages, TellEveryEntryOfATankAndEveryItemOfItsLists) {
@@ -352,6 +411,7 @@ void ExpectMenuTold(std::span<const shell::MenuEntry> menu, const std::string& t
 TEST(HelpPages, TellTheMenusOfTanksReportsBackupAndHelp) {
   const auto text = PageText("main_window");
   ExpectMenuTold(shell::kTanksMenu, text);
+  ExpectMenuTold(shell::kDataMenu, text);
   ExpectMenuTold(shell::kReportMenu, text);
   ExpectMenuTold(shell::kHelpMenu, text);
   for (const auto& command : {"Backup Tank Database", "Backup Client Database", "Change Database Locations", "Exit"})

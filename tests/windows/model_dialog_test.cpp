@@ -7,8 +7,11 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSettings>
 #include <QTest>
+#include <QVBoxLayout>
 
 #include "windows/desktop_fixture.h"
 #include "windows/pages.h"
@@ -55,6 +58,8 @@ TEST_F(ModelDialogTest, TextThatGetsTheFocusIsSelectedWhole) {
 
 TEST_F(ModelDialogTest, AccessKeyPressesItsButton) {
   person_.In(QStringLiteral("Frmmonth"), [](QWidget& window) {
+    // An access key is one of the active window only.
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     QTest::keyClick(&window, Qt::Key_A, Qt::AltModifier);
     // A button that is pressed by its key stays down for a moment.
     const auto& run = Find<QPushButton>(window, QStringLiteral("cmdRunReport"));
@@ -125,6 +130,18 @@ TEST_F(ModelDialogTest, WindowLargerThanTheScreenScrolls) {
     EXPECT_TRUE(Find<QPushButton>(*window, QStringLiteral("cmdRunReport")).isVisible());
   }
   QApplication::setFont(usual);
+}
+
+TEST_F(ModelDialogTest, WindowThatIsOnlyTooHighIsNotScrolledSideways) {
+  const auto window = windows::FindWindow("frmRimSeal").make({session_, &host_.Main(), nullptr});
+  dynamic_cast<QVBoxLayout&>(*window->layout()).addSpacing(window->screen()->availableSize().height());
+  window->Prepare();
+  window->show();
+  QCoreApplication::processEvents();
+  auto* area = window->findChild<QScrollArea*>();
+  ASSERT_NE(area, nullptr);
+  EXPECT_TRUE(area->verticalScrollBar()->isVisible());
+  EXPECT_FALSE(area->horizontalScrollBar()->isVisible());
 }
 
 }  // namespace

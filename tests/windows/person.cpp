@@ -33,6 +33,12 @@ QString TextOf(const QWidget& window) {
   return message == nullptr ? QString() : message->text();
 }
 
+std::string NameOf(const QWidget* widget) {
+  if (widget == nullptr) return "nothing";
+  const auto name = widget->objectName();
+  return name.isEmpty() ? widget->metaObject()->className() : name.toStdString();
+}
+
 }  // namespace
 
 QWidget* TopWindow() {
@@ -119,12 +125,19 @@ void Person::Look() {
   plans_.pop_front();
   working_in_.push_back(top);
   try {
-    if (!plan.deed(*top)) plans_.push_front(std::move(plan));
+    if (!plan.deed(*top)) TryAgain(std::move(plan));
   } catch (const std::exception& fault) {
     ADD_FAILURE() << fault.what();
     GiveUp();
   }
   working_in_.pop_back();
+}
+
+void Person::TryAgain(Plan plan) {
+  plan.tried_ms += kLookEveryMs;
+  const bool in_vain = plan.tried_ms > patience_ms_;
+  plans_.push_front(std::move(plan));
+  if (in_vain) GiveUp();
 }
 
 void Person::Wait(const QWidget* top) {
@@ -137,7 +150,10 @@ void Person::GiveUp() {
   const auto* top = TopWindow();
   if (!plans_.empty()) ADD_FAILURE() << "waiting for " << plans_.front().window.toStdString();
   ADD_FAILURE() << "what is there: " << (top == nullptr ? "nothing" : top->objectName().toStdString()) << ' '
-                << (top == nullptr ? "" : TextOf(*top).toStdString());
+                << (top == nullptr ? "" : TextOf(*top).toStdString()) << ", with the focus in "
+                << NameOf(QApplication::focusWidget()) << ", and active "
+                << NameOf(QApplication::activePopupWidget() != nullptr ? QApplication::activePopupWidget()
+                                                                       : QApplication::activeWindow());
   plans_.clear();
   waited_ms_ = 0;
   while (auto* modal = qobject_cast<QDialog*>(QApplication::activeModalWidget())) modal->QDialog::done(0);

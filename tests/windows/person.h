@@ -14,12 +14,13 @@
 namespace orvex::test {
 
 /// Somebody at the keyboard and the mouse of the windows under test: waits for each window in turn and works in it. A
-/// window that never comes fails the test and closes all that is open, so that nothing hangs.
+/// window that never comes, and a deed that is never done, fails the test and closes all that is open, so that nothing
+/// hangs.
 class Person : public QObject {
  public:
   using Deed = std::function<void(QWidget& window)>;
 
-  /// @param patience_ms how long to wait for a window
+  /// @param patience_ms how long to wait for a window, and in it until a deed is done
   explicit Person(int patience_ms = kPatienceMs / 2);
   ~Person() override;
 
@@ -44,8 +45,10 @@ class Person : public QObject {
   struct Plan {
     QString window;
     std::function<bool(QWidget& window)> deed;
+    int tried_ms = 0;  ///< how long the deed has said by now that it is not done
   };
   void Look();
+  void TryAgain(Plan plan);
   void Wait(const QWidget* top);
   void GiveUp();
 

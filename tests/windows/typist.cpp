@@ -139,7 +139,10 @@ void Typist::Arrow(const QString& list, const QString& item) {
 void Typist::Open(const QString& list, const QString& item) {
   TabTo(list);
   Keys({QStringLiteral("Alt+Down")});
-  Until(window_, [](QWidget&) { return DroppedRows() != nullptr; });
+  Until(window_, [list, steps = 0](QWidget&) mutable {
+    if (++steps > kMostSteps) throw std::runtime_error("nothing drops down from " + list.toStdString());
+    return DroppedRows() != nullptr;
+  });
   In(window_, [item](QWidget&) {
     ArrowToRow(*DroppedRows(), item);
     PressKey(QStringLiteral("Return"));
@@ -148,7 +151,10 @@ void Typist::Open(const QString& list, const QString& item) {
 
 void Typist::Find(const QString& list, const QString& part, const QString& item) {
   Fill(list, part);
-  Until(window_, [](QWidget&) { return DroppedRows() != nullptr; });
+  Until(window_, [list, steps = 0](QWidget&) mutable {
+    if (++steps > kMostSteps) throw std::runtime_error("nothing drops down from " + list.toStdString());
+    return DroppedRows() != nullptr;
+  });
   In(window_, [item](QWidget&) {
     ArrowToRow(*DroppedRows(), item);
     PressKey(QStringLiteral("Return"));

@@ -1,10 +1,16 @@
-// Makes the pictures of the windows that stand in the documentation, over copies of the delivered databases.
+// Makes the pictures of the windows that stand in the documentation, over copies of the delivered databases, and of a
+// report on them.
 //   window_pictures REFERENCE CLIENT FOLDER [usual|large|dark]
 
+#include <QAbstractItemView>
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCompleter>
+#include <QLineEdit>
 #include <QListView>
+#include <QMainWindow>
 #include <QPushButton>
 #include <QStyleFactory>
 #include <QTemporaryDir>
@@ -14,18 +20,19 @@
 #include <fstream>
 #include <functional>
 #include <iostream>
-#include <iterator>
 #include <string>
 #include <string_view>
+#include <utility>
 
-#include "entry/entry_commands.h"
-#include "reports/report_commands.h"
+#include "reports/reference_report.h"
+#include "reports/source_kind.h"
+#include "reports/xml_export.h"
 #include "shell/session.h"
-#include "shell/shell_commands.h"
 #include "store/database.h"
 #include "windows/desktop_host.h"
 #include "windows/display_text.h"
 #include "windows/main_window.h"
+#include "windows/program_commands.h"
 #include "windows/tank_pictures.h"
 #include "windows/web_application.h"
 #include "windows/window_table.h"
@@ -37,6 +44,10 @@ namespace fs = std::filesystem;
 
 constexpr double kLarge = 2;
 constexpr int kChosenTanks = 3;
+/// What is done runs behind the event that told of it.
+constexpr int kMomentMs = 50;
+constexpr int kReportMs = 60'000;
+constexpr int kFrameMs = 2000;  // till the browser has drawn what it has read
 constexpr QSize kMainSize(960, 600);
 
 /// What a person has done in a window before its picture is taken.
@@ -65,7 +76,70 @@ void ChooseMonthlyBrief(QWidget& window) {
   TickMonths(window);
 }
 
-constexpr Pose kPoses[] = {{"Frmtankrep", ChooseTanks}, {"Frmmonth", TickMonths}, {"Frmreptyp", ChooseMonthlyBrief}};
+/// Types over what stands in an entry.
+void Enter(QWidget& window, const char* entry, const char* text) {
+  auto* widget = window.findChild<QWidget*>(QLatin1String(entry));
+  auto* box = qobject_cast<QComboBox*>(widget);
+  auto* line = box == nullptr ? qobject_cast<QLineEdit*>(widget) : box->lineEdit();
+  line->setFocus();
+  line->selectAll();
+  QTest::keyClicks(line, QLatin1String(text));
+  if (box != nullptr && box->completer() != nullptr) box->completer()->popup()->hide();
+}
+
+void Choose(QWidget& window, const char* list, const char* item) {
+  auto* box = window.findChild<QComboBox*>(QLatin1String(list));
+  box->setCurrentText(QLatin1String(item));
+  Q_EMIT box->activated(box->currentIndex());
+  QTest::qWait(kMomentMs);
+}
+
+void AddRecord(QWidget& window) {
+  Press(window, "cmdAddNew");
+  QTest::qWait(kMomentMs);
+}
+
+/// A chemical of a person's own, whose two options part where it is warm.
+void FillInTwoOptions(QWidget& window) {
+  AddRecord(window);
+  constexpr std::pair<const char*, const char*> kEntries[] = {{"dbcboChemName", "Lakeside Solvent 7"},
+                                                              {"dbcboCAS", "990-07-7"},
+                                                              {"txtMOLWT", "118.18"},
+                                                              {"txtVP_MOLWT", "118.18"},
+                                                              {"txtL_DENS", "6.93"},
+                                                              {"txtVP_40", "0.155"},
+                                                              {"txtVP_50", "0.22"},
+                                                              {"txtVP_60", "0.31"},
+                                                              {"txtVP_70", "0.43"},
+                                                              {"txtVP_80", "0.55"},
+                                                              {"txtVP_90", "0.68"},
+                                                              {"txtVP_100", "0.82"},
+                                                              {"txtVP_COEF_A", "7.38661"},
+                                                              {"txtVP_COEF_B", "1462.611"},
+                                                              {"txtVP_COEF_C", "220.988"}};
+  for (const auto& [entry, text] : kEntries) Enter(window, entry, text);
+  Choose(window, "cboCategory", "Organic Liquids");
+}
+
+/// A deck of panels, of a person's own.
+void FillInPanels(QWidget& window) {
+  AddRecord(window);
+  Choose(window, "cboConstruct", "Panel");
+  constexpr std::pair<const char*, const char*> kEntries[] = {
+      {"txtPLENGTH", "5"}, {"txtPWIDTH", "10"}, {"txtKD", "0.14"}, {"txtAPICERT", "L-7"}};
+  for (const auto& [entry, text] : kEntries) Enter(window, entry, text);
+}
+
+void ChooseCities(QWidget& window) {
+  auto* cities = window.findChild<QListView*>(QStringLiteral("lstItems"));
+  for (const int row : {0, 3, 8})
+    cities->selectionModel()->setCurrentIndex(cities->model()->index(row, 0), QItemSelectionModel::Select);
+  Press(window, "cmdSelect");
+}
+
+constexpr Pose kPoses[] = {{"Frmtankrep", ChooseTanks},       {"Frmmonth", TickMonths},
+                           {"Frmreptyp", ChooseMonthlyBrief}, {"frmchemical", FillInTwoOptions},
+                           {"frmDeckSeam", FillInPanels},     {"frmrepselect", ChooseCities}};
 
 /// A small screen of today, on which the windows have the size that a person sees.
 constexpr const char* kScreen =
@@ -95,9 +169,30 @@ void SetLook(std::string_view look) {
 }
 
 void Save(QWidget& widget, const fs::path& file) {
-  QTest::qWait(50);
+  QTest::qWait(kMomentMs);
   if (!widget.grab().save(QString::fromStdString(file.string()), "PNG", 0))
     throw std::runtime_error(file.string() + " cannot be written");
+}
+
+/// The report on all profiles in its window.
+void TakeReport(shell::Session& session, const fs::path& file) {
+  fs::copy(ORVEX_DISPLAY_FOLDER, session.application_folder);
+  const auto& report = *reports::FindReferenceReport("Profile");
+  reports::XML_Export(session, report, report.table, reports::kOpenTable);
+  for (auto* widget : QApplication::topLevelWidgets()) {
+    // Its menus are among these, too, and hold the same actions.
+    auto* window = qobject_cast<QMainWindow*>(widget);
+    const auto* save_pdf = window == nullptr ? nullptr : window->findChild<QAction*>(QStringLiteral("save_pdf"));
+    if (save_pdf == nullptr) continue;
+    window->resize(kMainSize);
+    if (!QTest::qWaitFor([&] { return save_pdf->isEnabled(); }, kReportMs))
+      throw std::runtime_error("the report is not shown");
+    QTest::qWait(kFrameMs);
+    Save(*window, file);
+    delete window;
+    return;
+  }
+  throw std::runtime_error("the report has no window");
 }
 
 void TakePictures(const fs::path& reference, const fs::path& client, const fs::path& folder) {
@@ -112,11 +207,8 @@ void TakePictures(const fs::path& reference, const fs::path& client, const fs::p
   session.ReferenceDb = store::Database::Open(place / "tankdata.mdb");
   session.ClientDb = store::Database::Open(place / "client1.mdb");
   session.application_folder = place;
-  session.PrintMode = "Report";
-  session.commands.assign(std::begin(shell::kShellCommands), std::end(shell::kShellCommands));
-  session.commands.insert(session.commands.end(), std::begin(reports::kReportCommands),
-                          std::end(reports::kReportCommands));
-  entry::AddTankEntry(session);
+  session.PrintMode = "Met";
+  windows::AddCommands(session);
   host.Attach(session);
   host.SetPathPanel(shell::PathPanel::kTank, session.TankPath);
   host.SetPathPanel(shell::PathPanel::kClient, session.ClientPath);
@@ -133,6 +225,7 @@ void TakePictures(const fs::path& reference, const fs::path& client, const fs::p
       if (pose.window == entry.text.name) pose.take(*window);
     Save(*window, folder / (std::string(entry.text.name) + ".png"));
   }
+  TakeReport(session, folder / "report_window.png");
   session.ended = true;
   host.CloseAll();
 }

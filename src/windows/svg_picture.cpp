@@ -1,31 +1,34 @@
-#include "windows/tank_picture.h"
+#include "windows/svg_picture.h"
 
 #include <QBuffer>
 #include <QImageReader>
 #include <QPainter>
+#include <utility>
 
-#include "entry/tank_drawing.h"
+#include "windows/display_text.h"
 
 namespace orvex::windows {
 namespace {
 
-/// The drawing one unit a pixel, and the edge of its sheet.
-constexpr QSize kSheet(entry::kDrawingWidth + 2, entry::kDrawingHeight + 2);
 constexpr int kEdge = 1;
 
 }  // namespace
 
-void TankPicture::Show(const std::string& svg) {
+void SvgPicture::Show(const std::string& svg, const std::string& words) {
+  setAccessibleDescription(Shown(words));
   auto bytes = QByteArray::fromStdString(svg);
   if (bytes == svg_) return;
   svg_ = std::move(bytes);
+  QBuffer buffer(&svg_);
+  const auto sheet = QImageReader(&buffer, "svg").size();
+  if (std::exchange(sheet_, sheet) != sheet) updateGeometry();
   update();
 }
 
-QSize TankPicture::sizeHint() const { return kSheet; }
-QSize TankPicture::minimumSizeHint() const { return kSheet; }
+QSize SvgPicture::sizeHint() const { return sheet_ + QSize(2 * kEdge, 2 * kEdge); }
+QSize SvgPicture::minimumSizeHint() const { return sizeHint(); }
 
-void TankPicture::paintEvent(QPaintEvent*) {
+void SvgPicture::paintEvent(QPaintEvent*) {
   QBuffer buffer(&svg_);
   QImageReader reader(&buffer, "svg");
   const auto room = rect().marginsRemoved(QMargins(kEdge, kEdge, kEdge, kEdge));
@@ -40,6 +43,14 @@ void TankPicture::paintEvent(QPaintEvent*) {
   painter.drawImage(place, reader.read());
   painter.setPen(palette().color(QPalette::Mid));
   painter.drawRect(place.marginsAdded(QMargins(kEdge, kEdge, 0, 0)));
+}
+
+SvgPicture* MakePlotOf(QWidget* window) {
+  auto* plot = new SvgPicture(window);
+  plot->setObjectName(QStringLiteral("plot"));
+  plot->setAccessibleName(SvgPicture::tr("Plot of the record"));
+  plot->setToolTip(SvgPicture::tr("The record as it stands in the entries"));
+  return plot;
 }
 
 }  // namespace orvex::windows

@@ -1,0 +1,73 @@
+#include <QGridLayout>
+#include <QLabel>
+#include <QListView>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "reports/frmrepselect.h"
+#include "windows/model_view.h"
+#include "windows/placing.h"
+#include "windows/record_label.h"
+#include "windows/views.h"
+
+namespace orvex::windows {
+namespace {
+
+class FrmrepselectView : public ModelView<reports::Frmrepselect> {
+ public:
+  explicit FrmrepselectView(const ViewPlace& place)
+      : ModelView(place, reports::kFrmrepselectText, reports::OpenFrmrepselect(place.session)) {
+    auto* table = MakeLabel("lblTable", model_.lblTable, nullptr);
+    DressRecordLabel(*table);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(table);
+    column->addLayout(MakeLists(), 1);
+    column->addSpacing(fontMetrics().lineSpacing() / 2);
+    column->addLayout(MakeFoot());
+  }
+
+ private:
+  /// A text of the model; as a caption it also names its list.
+  QLabel* MakeLabel(std::string_view name, const shell::TextBox& record, QWidget* list) {
+    auto* label = new QLabel(this);
+    Dress(label, name);
+    label->setTextFormat(Qt::PlainText);
+    label->setBuddy(list);
+    AlsoDraw([label, list, &record] {
+      ShowRecordLabel(*label, record);
+      if (list != nullptr) list->setAccessibleName(label->text());
+    });
+    return label;
+  }
+
+  QGridLayout* MakeLists() {
+    constexpr auto kAny = TextList::Choice::kAny;
+    constexpr auto kFind = TextList::Find::kYes;
+    auto* rows = MakeList("lstItems", model_.lstItems, kAny, kFind, {}, {});
+    auto* select = MakeButton("cmdSelect", model_.cmdSelect, Do(reports::ClickSelect));
+    auto* select_all = MakeButton("cmdSelectAll", model_.cmdSelectAll, Do(reports::ClickSelectAll));
+    auto* remove = MakeButton("cmdRemove", model_.cmdRemove, Do(reports::ClickRemove));
+    auto* remove_all = MakeButton("cmdRemoveAll", model_.cmdRemoveAll, Do(reports::ClickRemoveAll));
+    auto* chosen = MakeList("lstSelectItems", model_.lstSelectItems, kAny, kFind, {}, {});
+    return PlaceListPair({MakeLabel("lblField", model_.lblField, rows->View()), rows}, {select, select_all},
+                         {remove, remove_all},
+                         {MakeLabel("lblFieldChosen", model_.lblFieldChosen, chosen->View()), chosen});
+  }
+
+  QHBoxLayout* MakeFoot() {
+    auto* help = MakeButton("cmdHelp", model_.cmdHelp, Do(reports::ClickHelp));
+    auto* print = MakeButton("cmdPrint", model_.cmdPrint, Do(reports::ClickPrint));
+    auto* close = MakeButton("cmdClose", model_.cmdClose, Do(reports::ClickClose));
+    print->setDefault(true);
+    SetCloseButton(close);
+    return PlaceFoot({help}, {print, close});
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<ModelDialog> MakeFrmrepselect(const ViewPlace& place) {
+  return std::make_unique<FrmrepselectView>(place);
+}
+
+}  // namespace orvex::windows
