@@ -9,6 +9,7 @@
 #include "entry_case.h"
 #include "measurement.h"
 #include "record_case.h"
+#include "refdata_case.h"
 #include "report_case.h"
 #include "results.h"
 #include "run_case.h"
@@ -48,6 +49,9 @@ void MeasureAll(const Settings& settings, const Choice& choice) {
   for (const auto& entry_case : orvex::bench::EntryCases()) {
     if (chosen(entry_case.key)) add(Measure(entry_case, settings));
   }
+  for (const auto& refdata_case : orvex::bench::RefdataCases()) {
+    if (chosen(refdata_case.key)) add(Measure(refdata_case, settings));
+  }
   if (const auto lines = orvex::bench::GrowthLines(results); !lines.empty()) fmt::print("\n{}", lines);
   const auto json = settings.folder / "bench.json";
   WriteJson(json, results);
@@ -58,8 +62,8 @@ void MeasureAll(const Settings& settings, const Choice& choice) {
 
 int main(int argc, char** argv) {
   CLI::App app(
-      "Times calculation runs, the record layer, reports, the list of tanks and tank entry against the least that "
-      "has to be done to the files.");
+      "Times calculation runs, the record layer, reports, the list of tanks, tank entry and the reference editors "
+      "against the least that has to be done to the files.");
   Settings settings;
   Choice choice;
   bool no_floor = false;

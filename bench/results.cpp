@@ -48,9 +48,9 @@ std::string TableHead() {
 }
 
 std::string TableLine(const Measurement& measured) {
-  return fmt::format("{:4} {:62} {:>10} {:>10.0f} {:>9.3f} {:>9} {:>6} {:>8}", measured.key, measured.description,
+  return fmt::format("{:4} {:62} {:>10} {:>10.0f} {:>9.4f} {:>9} {:>6} {:>8}", measured.key, measured.description,
                      OrDash(measured.TanksPerSecond(), "{:.0f}"), measured.RowsPerSecond(), measured.seconds,
-                     OrDash(measured.floor_seconds, "{:.3f}"), OrDash(measured.Ratio(), "{:.2f}"),
+                     OrDash(measured.floor_seconds, "{:.4f}"), OrDash(measured.Ratio(), "{:.2f}"),
                      OrDash(static_cast<double>(measured.peak_bytes) / kBytesPerMegabyte, "{:.1f}"));
 }
 
