@@ -6,7 +6,7 @@
 #include <QVBoxLayout>
 
 #include "entry/frmrecdelete.h"
-#include "windows/model_view.h"
+#include "windows/list_pair_view.h"
 #include "windows/placing.h"
 #include "windows/tank_details.h"
 #include "windows/views.h"
@@ -14,10 +14,10 @@
 namespace orvex::windows {
 namespace {
 
-class FrmrecdeleteView : public ModelView<entry::Frmrecdelete> {
+class FrmrecdeleteView : public ListPairView<entry::Frmrecdelete> {
  public:
   explicit FrmrecdeleteView(const ViewPlace& place)
-      : ModelView(place, entry::kFrmrecdeleteText, entry::OpenFrmrecdelete(place.session)) {
+      : ListPairView(place, entry::kFrmrecdeleteText, entry::OpenFrmrecdelete(place.session)) {
     auto* column = new QVBoxLayout(this);
     column->addLayout(MakeLists(), 1);
     column->addLayout(PlaceDetails(model_.details, [this](std::string_view name, shell::TextBox& record) {
@@ -30,16 +30,11 @@ class FrmrecdeleteView : public ModelView<entry::Frmrecdelete> {
 
  private:
   QGridLayout* MakeLists() {
-    constexpr auto kAny = TextList::Choice::kAny;
-    constexpr auto kFind = TextList::Find::kYes;
-    auto* tanks = MakeList("lstTanks", model_.lstTanks, kAny, kFind, Do(entry::PickTank), {});
-    auto* chosen = MakeList("lstDelTanks", model_.lstDelTanks, kAny, kFind, {}, {});
-    return PlaceListPair({MakeCaption("lstTanks", tanks->View()), tanks},
-                         {MakeButton("cmdSelect", model_.cmdSelect, Do(entry::ClickSelect)),
-                          MakeButton("cmdSelectAll", model_.cmdSelectAll, Do(entry::ClickSelectAll))},
-                         {MakeButton("cmdRemove", model_.cmdRemove, Do(entry::ClickRemove)),
-                          MakeButton("cmdRemoveAll", model_.cmdRemoveAll, Do(entry::ClickRemoveAll))},
-                         {MakeCaption("lstDelTanks", chosen->View()), chosen});
+    auto* tanks = MakePickingList("lstTanks", model_.lstTanks, Do(entry::PickTank));
+    return PlaceLists({MakeCaption("lstTanks", tanks->View()), tanks}, [this] {
+      auto* chosen = MakePickingList("lstDelTanks", model_.lstDelTanks, {});
+      return CaptionedList{MakeCaption("lstDelTanks", chosen->View()), chosen};
+    });
   }
 
   QHBoxLayout* MakeFoot() {

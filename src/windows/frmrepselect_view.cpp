@@ -5,7 +5,7 @@
 #include <QVBoxLayout>
 
 #include "reports/frmrepselect.h"
-#include "windows/model_view.h"
+#include "windows/list_pair_view.h"
 #include "windows/placing.h"
 #include "windows/record_label.h"
 #include "windows/views.h"
@@ -13,10 +13,10 @@
 namespace orvex::windows {
 namespace {
 
-class FrmrepselectView : public ModelView<reports::Frmrepselect> {
+class FrmrepselectView : public ListPairView<reports::Frmrepselect> {
  public:
   explicit FrmrepselectView(const ViewPlace& place)
-      : ModelView(place, reports::kFrmrepselectText, reports::OpenFrmrepselect(place.session)) {
+      : ListPairView(place, reports::kFrmrepselectText, reports::OpenFrmrepselect(place.session)) {
     auto* table = MakeLabel("lblTable", model_.lblTable, nullptr);
     DressRecordLabel(*table);
     auto* column = new QVBoxLayout(this);
@@ -41,17 +41,11 @@ class FrmrepselectView : public ModelView<reports::Frmrepselect> {
   }
 
   QGridLayout* MakeLists() {
-    constexpr auto kAny = TextList::Choice::kAny;
-    constexpr auto kFind = TextList::Find::kYes;
-    auto* rows = MakeList("lstItems", model_.lstItems, kAny, kFind, {}, {});
-    auto* select = MakeButton("cmdSelect", model_.cmdSelect, Do(reports::ClickSelect));
-    auto* select_all = MakeButton("cmdSelectAll", model_.cmdSelectAll, Do(reports::ClickSelectAll));
-    auto* remove = MakeButton("cmdRemove", model_.cmdRemove, Do(reports::ClickRemove));
-    auto* remove_all = MakeButton("cmdRemoveAll", model_.cmdRemoveAll, Do(reports::ClickRemoveAll));
-    auto* chosen = MakeList("lstSelectItems", model_.lstSelectItems, kAny, kFind, {}, {});
-    return PlaceListPair({MakeLabel("lblField", model_.lblField, rows->View()), rows}, {select, select_all},
-                         {remove, remove_all},
-                         {MakeLabel("lblFieldChosen", model_.lblFieldChosen, chosen->View()), chosen});
+    auto* rows = MakePickingList("lstItems", model_.lstItems, {});
+    return PlaceLists({MakeLabel("lblField", model_.lblField, rows->View()), rows}, [this] {
+      auto* chosen = MakePickingList("lstSelectItems", model_.lstSelectItems, {});
+      return CaptionedList{MakeLabel("lblFieldChosen", model_.lblFieldChosen, chosen->View()), chosen};
+    });
   }
 
   QHBoxLayout* MakeFoot() {

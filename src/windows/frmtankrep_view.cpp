@@ -7,7 +7,7 @@
 #include <QVBoxLayout>
 
 #include "reports/frmtankrep.h"
-#include "windows/model_view.h"
+#include "windows/list_pair_view.h"
 #include "windows/placing.h"
 #include "windows/views.h"
 
@@ -27,10 +27,10 @@ constexpr Reading kReadings[] = {
     {"txtCompany", &reports::Frmtankrep::txtCompany, 2, 0},
 };
 
-class FrmtankrepView : public ModelView<reports::Frmtankrep> {
+class FrmtankrepView : public ListPairView<reports::Frmtankrep> {
  public:
   explicit FrmtankrepView(const ViewPlace& place)
-      : ModelView(place, reports::kFrmtankrepText, reports::OpenFrmtankrep(place.session)) {
+      : ListPairView(place, reports::kFrmtankrepText, reports::OpenFrmtankrep(place.session)) {
     auto* column = new QVBoxLayout(this);
     column->addLayout(MakeLists(), 1);
     column->addLayout(MakeReadings());
@@ -40,16 +40,11 @@ class FrmtankrepView : public ModelView<reports::Frmtankrep> {
 
  private:
   QGridLayout* MakeLists() {
-    constexpr auto kAny = TextList::Choice::kAny;
-    constexpr auto kFind = TextList::Find::kYes;
-    auto* tanks = MakeList("lstTanks", model_.lstTanks, kAny, kFind, Do(reports::PickTank), {});
-    auto* chosen = MakeList("lstChosenTanks", model_.lstChosenTanks, kAny, kFind, {}, {});
-    return PlaceListPair({MakeCaption("lstTanks", tanks->View()), tanks},
-                         {MakeButton("cmdSelect", model_.cmdSelect, Do(reports::ClickSelect)),
-                          MakeButton("cmdSelectAll", model_.cmdSelectAll, Do(reports::ClickSelectAll))},
-                         {MakeButton("cmdRemove", model_.cmdRemove, Do(reports::ClickRemove)),
-                          MakeButton("cmdRemoveAll", model_.cmdRemoveAll, Do(reports::ClickRemoveAll))},
-                         {MakeCaption("lstChosenTanks", chosen->View()), chosen});
+    auto* tanks = MakePickingList("lstTanks", model_.lstTanks, Do(reports::PickTank));
+    return PlaceLists({MakeCaption("lstTanks", tanks->View()), tanks}, [this] {
+      auto* chosen = MakePickingList("lstChosenTanks", model_.lstChosenTanks, {});
+      return CaptionedList{MakeCaption("lstChosenTanks", chosen->View()), chosen};
+    });
   }
 
   QGridLayout* MakeReadings() {
