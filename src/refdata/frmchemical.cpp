@@ -23,12 +23,10 @@ bool IsComplete(const RecordEditor& form) {
 }
 
 /// Names that differ in case or in blanks at their ends are different names.
-std::int64_t CountNamesakes(shell::Session& session, const RecordEditor& form) {
+bool IsNameTaken(shell::Session& session, const RecordEditor& form) {
   const auto& name = HeldText(form, "NAME");
-  std::int64_t count = 0;
-  for (auto rows = session.ReferenceDb->OpenMatching("chemical", "chemname", {name}); !rows.AtEnd(); rows.MoveNext())
-    count += rows.TextOrEmpty("NAME") == name && rows.Long("Counter") != form.Counter ? 1 : 0;
-  return count;
+  return AnyOther(form, session.ReferenceDb->OpenMatching("chemical", "chemname", {name}),
+                  [&](store::RecordSet& row) { return row.TextOrEmpty("NAME") == name; });
 }
 
 void FillLists(shell::Session& session, RecordEditor& form) {
@@ -57,7 +55,7 @@ constexpr EditorInfo kChemicalEditor = {
     .duplicate = "Duplicate chemical name.",
     .is_complete = IsComplete,
     .finish = nullptr,
-    .count_namesakes = CountNamesakes,
+    .is_name_taken = IsNameTaken,
     .fill_lists = FillLists,
     .find = FindChemical,
     .shown = nullptr,

@@ -58,13 +58,10 @@ void Finish(RecordEditor& form) {
 }
 
 /// Names that differ in case only are the same, whatever their letters.
-std::int64_t CountNamesakes(shell::Session& session, const RecordEditor& form) {
+bool IsNameTaken(shell::Session& session, const RecordEditor& form) {
   const auto name = shell::UpperCase(HeldText(form, "NAME"));
-  std::int64_t count = 0;
-  auto rows = session.ReferenceDb->OpenQuery("SELECT Counter, NAME FROM deckseam WHERE NAME IS NOT NULL");
-  for (; !rows.AtEnd(); rows.MoveNext())
-    count += rows.Long("Counter") != form.Counter && shell::UpperCase(rows.Text("NAME")) == name ? 1 : 0;
-  return count;
+  return AnyOther(form, session.ReferenceDb->OpenQuery("SELECT Counter, NAME FROM deckseam WHERE NAME IS NOT NULL"),
+                  [&](store::RecordSet& row) { return shell::UpperCase(row.Text("NAME")) == name; });
 }
 
 void FillNames(shell::Session& session, RecordEditor& form) {
@@ -106,7 +103,7 @@ constexpr EditorInfo kDeckSeamEditor = {
     .composes_name = true,
     .is_complete = IsComplete,
     .finish = Finish,
-    .count_namesakes = CountNamesakes,
+    .is_name_taken = IsNameTaken,
     .fill_lists = FillNames,
     .find = FindDeckSeam,
     .belongs_to_record = nullptr,

@@ -14,8 +14,8 @@ constexpr std::string_view kType = "dbcboFitType", kStatus = "cboStatus";
 bool IsComplete(const RecordEditor& form) { return !HeldText(form, "FIT_TYPE").empty(); }
 
 /// A fitting without a status has none stored.
-std::int64_t CountNamesakes(shell::Session& session, const RecordEditor& form) {
-  return CountOthers(session, form, "type", {HeldText(form, "FIT_TYPE"), TextOrNull(HeldText(form, "COVR_TYPE"))});
+bool IsNameTaken(shell::Session& session, const RecordEditor& form) {
+  return OtherHolds(session, form, "type", {HeldText(form, "FIT_TYPE"), TextOrNull(HeldText(form, "COVR_TYPE"))});
 }
 
 void FillTypes(shell::Session& session, RecordEditor& form) {
@@ -58,7 +58,7 @@ constexpr EditorInfo kFittingEditor = {
     .composes_name = false,
     .is_complete = IsComplete,
     .finish = FillMissingNumbers,
-    .count_namesakes = CountNamesakes,
+    .is_name_taken = IsNameTaken,
     .fill_lists = FillTypes,
     .find = FindFitting,
     .belongs_to_record = nullptr,

@@ -25,8 +25,8 @@ bool IsComplete(const RecordEditor& form) {
 /// The key under which tanks find their weather follows the city and the state at once.
 void MakeKey(RecordEditor& form) { Hold(At(form, kKey), HeldText(form, "CITY") + ", " + HeldText(form, "STATE")); }
 
-std::int64_t CountNamesakes(shell::Session& session, const RecordEditor& form) {
-  return CountOthers(session, form, "CTYST", {HeldText(form, "CTYST")});
+bool IsNameTaken(shell::Session& session, const RecordEditor& form) {
+  return OtherHolds(session, form, "CTYST", {HeldText(form, "CTYST")});
 }
 
 void FillLists(shell::Session& session, RecordEditor& form) {
@@ -58,7 +58,7 @@ constexpr EditorInfo kMetEditor = {
     .duplicate = "Duplicate City/State combination.",
     .is_complete = IsComplete,
     .finish = nullptr,
-    .count_namesakes = CountNamesakes,
+    .is_name_taken = IsNameTaken,
     .fill_lists = FillLists,
     .find = FindCity,
     .shown = nullptr,

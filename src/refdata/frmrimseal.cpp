@@ -33,9 +33,9 @@ void Finish(RecordEditor& form) {
   if (secondary.held.empty()) Hold(secondary, kNoSecondary);
 }
 
-std::int64_t CountNamesakes(shell::Session& session, const RecordEditor& form) {
-  return CountOthers(session, form, "rimid",
-                     {Primary(form), Secondary(form), IsFor(form, shell::kWelded), IsFor(form, shell::kRiveted)});
+bool IsNameTaken(shell::Session& session, const RecordEditor& form) {
+  return OtherHolds(session, form, "rimid",
+                    {Primary(form), Secondary(form), IsFor(form, shell::kWelded), IsFor(form, shell::kRiveted)});
 }
 
 void FillPrimaries(shell::Session& session, RecordEditor& form) {
@@ -128,7 +128,7 @@ constexpr EditorInfo kRimSealEditor = {
     .composes_name = false,
     .is_complete = IsComplete,
     .finish = Finish,
-    .count_namesakes = CountNamesakes,
+    .is_name_taken = IsNameTaken,
     .fill_lists = FillPrimaries,
     .find = FindRimSeal,
     .belongs_to_record = BelongsToRecord,

@@ -55,8 +55,8 @@ struct EditorInfo {
   bool (*is_complete)(const RecordEditor& form);
   /// Fills in what a complete record leaves to the editor, before it is compared and written; may be null.
   void (*finish)(RecordEditor& form);
-  /// Number of other records with the name of the one on show.
-  std::int64_t (*count_namesakes)(shell::Session& session, const RecordEditor& form);
+  /// Whether another record has the name of the one on show.
+  bool (*is_name_taken)(shell::Session& session, const RecordEditor& form);
   /// Fills the lists that find records.
   void (*fill_lists)(shell::Session& session, RecordEditor& form);
   /// An item of the list was picked, while the lists show what belongs to the record on show: the `Counter` of the

@@ -79,7 +79,7 @@ bool IsStorable(shell::Session& session, RecordEditor& form) {
 /// Refuses a record whose name another one has, and proposes a name for it, if the person may name it.
 bool IsUnique(shell::Session& session, RecordEditor& form) {
   const auto& info = *form.info;
-  if (info.count_namesakes(session, form) == 0) return true;
+  if (!info.is_name_taken(session, form)) return true;
   if (!info.composes_name) {
     auto& name = At(form, info.name);
     Hold(name, name.held + "1");
@@ -180,12 +180,16 @@ void AddRecord(shell::Session& session, RecordEditor& form) {
   form.window.focus = FirstToFillIn(form);
 }
 
-std::int64_t CountOthers(shell::Session& session, const RecordEditor& form, std::string_view index,
-                         std::initializer_list<Value> values) {
-  std::int64_t count = 0;
-  for (auto rows = session.ReferenceDb->OpenMatching(form.info->table, index, values); !rows.AtEnd(); rows.MoveNext())
-    count += rows.Long(kKey) != form.Counter ? 1 : 0;
-  return count;
+bool AnyOther(const RecordEditor& form, store::RecordSet rows, const std::function<bool(store::RecordSet&)>& is_meant) {
+  for (; !rows.AtEnd(); rows.MoveNext())
+    if (rows.Long(kKey) != form.Counter && is_meant(rows)) return true;
+  return false;
+}
+
+bool OtherHolds(shell::Session& session, const RecordEditor& form, std::string_view index,
+                std::initializer_list<Value> values) {
+  return AnyOther(form, session.ReferenceDb->OpenMatching(form.info->table, index, values),
+                  [](const store::RecordSet&) { return true; });
 }
 
 std::vector<std::string> Names(shell::Session& session, std::string_view table, std::string_view field) {

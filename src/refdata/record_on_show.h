@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <initializer_list>
 #include <string_view>
 #include <vector>
@@ -26,9 +27,11 @@ bool SaveChanges(shell::Session& session, RecordEditor& form);
 /// Appends an empty record of the person's own and shows it.
 void AddRecord(shell::Session& session, RecordEditor& form);
 
-/// Number of the table's rows other than the one on show that hold these values in the fields of an index.
-std::int64_t CountOthers(shell::Session& session, const RecordEditor& form, std::string_view index,
-                         std::initializer_list<store::Value> values);
+/// Whether any of the rows, other than the one on show, is as asked for.
+bool AnyOther(const RecordEditor& form, store::RecordSet rows, const std::function<bool(store::RecordSet&)>& is_meant);
+/// Whether a row of the table other than the one on show holds these values in the fields of an index.
+bool OtherHolds(shell::Session& session, const RecordEditor& form, std::string_view index,
+                std::initializer_list<store::Value> values);
 
 /// The texts of a field in their order, without empty ones.
 std::vector<std::string> Names(shell::Session& session, std::string_view table, std::string_view field);
