@@ -1,7 +1,6 @@
 #include "refdata/frmprofile.h"
 
 #include <iterator>
-#include <optional>
 
 #include "refdata/profile_entries.h"
 #include "refdata/profile_saving.h"
@@ -43,18 +42,6 @@ void ShowFirst(Session& session, FrmProfile& form) {
   }
 }
 
-/// The profile of exactly this name; if there is none, the first that has it without regard to case.
-std::optional<std::int32_t> FindProfile(Session& session, const std::string& name) {
-  std::optional<std::int32_t> first;
-  auto rows = session.ReferenceDb->OpenMatching("profile names", "Profile Name", {name});
-  for (; !rows.AtEnd(); rows.MoveNext()) {
-    const auto spec_id = rows.Long("SPEC ID");
-    if (rows.TextOrEmpty("Profile Name") == name) return spec_id;
-    if (!first) first = spec_id;
-  }
-  return first;
-}
-
 void AddProfile(FrmProfile& form) {
   ProfileRecord profile;
   profile.Type = kPartialType;
@@ -74,7 +61,7 @@ FrmProfile OpenFrmProfile(Session& session) {
     if (form.window.closed) return;
     FillProfileList(session, form);
     form.dbcboChemName.items = Names(session, "chemical", "NAME");
-    form.dbcboCAS.items = Names(session, "chemical", "CAS");
+    form.dbcboCAS.items = DistinctNames(session, "chemical", "CAS");
     ShowFirst(session, form);
   });
   return form;
@@ -87,7 +74,8 @@ void PickProfile(Session& session, FrmProfile& form) {
     // The profile on show is still the old one.
     form.dbcboProfName.text = form.profile.Name;
     if (!SaveChanges(session, form)) return;
-    if (const auto spec_id = FindProfile(session, picked)) ShowProfile(session, form, *spec_id);
+    const auto spec_id = FindByName(session, "profile names", "Profile Name", "Profile Name", picked, "SPEC ID");
+    if (spec_id) ShowProfile(session, form, *spec_id);
   });
 }
 

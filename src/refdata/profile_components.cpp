@@ -28,10 +28,6 @@ constexpr ChemicalList kLists[] = {
     {"dbcboCAS", "zCAS", "CAS", "frmProfile.dbcboCAS", &FrmProfile::dbcboCAS},
 };
 
-std::optional<double> NumberOrNull(const store::Value& value) {
-  return value.IsNull() ? std::nullopt : std::optional(value.AsDouble());
-}
-
 void TakeChemical(Session& session, FrmProfile& form, const ChemicalList& from) {
   shell::Trapped(session, from.label, [&] {
     if (!TakeEntries(session, form)) return;

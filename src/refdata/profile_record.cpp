@@ -34,11 +34,7 @@ constexpr NumberField kNumbers[] = {
 ProfileComponent ReadComponent(RecordSet& row) {
   ProfileComponent component;
   for (const auto& [name, text] : kTexts) component.*text = row.TextOrEmpty(name);
-  for (const auto& [name, number] : kNumbers) {
-    const auto stored = row.Get(name);
-    (component.*number).reset();
-    if (!stored.IsNull()) component.*number = stored.AsDouble();
-  }
+  for (const auto& [name, number] : kNumbers) component.*number = NumberOrNull(row.Get(name));
   return component;
 }
 
@@ -77,6 +73,10 @@ std::int32_t WriteName(store::Database& reference, std::int32_t spec_id, const P
 }
 
 }  // namespace
+
+std::optional<double> NumberOrNull(const store::Value& value) {
+  return value.IsNull() ? std::nullopt : std::optional(value.AsDouble());
+}
 
 ProfileRecord ReadProfile(shell::Session& session, std::int32_t spec_id) {
   auto& reference = *session.ReferenceDb;

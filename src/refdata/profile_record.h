@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "shell/session.h"
+#include "store/value.h"
 
 /// A speciation profile with its components, as its two tables hold it.
 namespace orvex::refdata {
@@ -29,6 +30,9 @@ struct ProfileRecord {
 
   friend bool operator==(const ProfileRecord&, const ProfileRecord&) = default;
 };
+
+/// A stored number as a component holds it.
+[[nodiscard]] std::optional<double> NumberOrNull(const store::Value& value);
 
 /// The profile with this key; error 3021 if it is not there any more. One without components gets an empty one.
 [[nodiscard]] ProfileRecord ReadProfile(shell::Session& session, std::int32_t spec_id);

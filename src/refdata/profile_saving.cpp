@@ -37,7 +37,7 @@ Missing FindMissing(const ProfileRecord& profile, const ProfileComponent& compon
 bool IsDuplicate(Session& session, const FrmProfile& form) {
   auto rows = session.ReferenceDb->OpenMatching("profile names", "Profile Name", {form.profile.Name});
   for (; !rows.AtEnd(); rows.MoveNext()) {
-    if (form.SpecID == 0 || rows.Long("SPEC ID") != form.SpecID) return true;
+    if (rows.Long("SPEC ID") != form.SpecID) return true;
   }
   return false;
 }

@@ -209,12 +209,12 @@ std::vector<std::string> DistinctNames(shell::Session& session, std::string_view
 }
 
 std::optional<std::int32_t> FindByName(shell::Session& session, std::string_view table, std::string_view index,
-                                       std::string_view field, const std::string& name) {
+                                       std::string_view field, const std::string& name, std::string_view key) {
   std::optional<std::int32_t> first;
   for (auto rows = session.ReferenceDb->OpenMatching(table, index, {name}); !rows.AtEnd(); rows.MoveNext()) {
-    const auto Counter = rows.Long(kKey);
-    if (rows.TextOrEmpty(field) == name) return Counter;
-    if (!first) first = Counter;
+    const auto number = rows.Long(key);
+    if (rows.TextOrEmpty(field) == name) return number;
+    if (!first) first = number;
   }
   return first;
 }

@@ -37,9 +37,10 @@ bool OtherHolds(shell::Session& session, const RecordEditor& form, std::string_v
 std::vector<std::string> Names(shell::Session& session, std::string_view table, std::string_view field);
 /// The same, each text once, without regard to case.
 std::vector<std::string> DistinctNames(shell::Session& session, std::string_view table, std::string_view field);
-/// The `Counter` of the row in which the field holds exactly this text; if there is none, of the first that holds it
-/// without regard to case. The index is on that field.
+/// The number, in the field `key`, of the row in which the field holds exactly this text; if there is none, of the
+/// first that holds it without regard to case. The index is on that field.
 std::optional<std::int32_t> FindByName(shell::Session& session, std::string_view table, std::string_view index,
-                                       std::string_view field, const std::string& name);
+                                       std::string_view field, const std::string& name,
+                                       std::string_view key = "Counter");
 
 }  // namespace orvex::refdata
