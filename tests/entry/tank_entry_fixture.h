@@ -11,6 +11,7 @@
 #include "entry/entry_events.h"
 #include "entry/tank_entry.h"
 #include "store/database.h"
+#include "support/delivered_databases.h"
 #include "support/scripted_host.h"
 #include "support/test_databases.h"
 
@@ -21,12 +22,7 @@ namespace orvex::test {
 class TankEntryTest : public testing::Test {
  protected:
   TankEntryTest() {
-    const auto reference = folder_.Path() / "tankdata.mdb", client = folder_.Path() / "client1.mdb";
-    std::filesystem::copy_file(ORVEX_REFERENCE_DATABASE, reference);
-    session_.TankPath = reference.string();
-    session_.ClientPath = client.string();
-    session_.ReferenceDb = store::Database::Open(reference);
-    session_.ClientDb = store::Database::Create(client, store::ClientTables());
+    OpenDelivered(folder_, session_);
     entry::AddTankEntry(session_);
   }
 

@@ -7,6 +7,7 @@
 
 #include "refdata/record_editor.h"
 #include "store/database.h"
+#include "support/delivered_databases.h"
 #include "support/query_rows.h"
 #include "support/scripted_host.h"
 #include "support/test_databases.h"
@@ -16,14 +17,7 @@ namespace orvex::test {
 /// A reference editor over the delivered reference database. A question that a test does not expect fails it.
 class EditorTest : public testing::Test {
  protected:
-  EditorTest() {
-    const auto reference = folder_.Path() / "tankdata.mdb", client = folder_.Path() / "client1.mdb";
-    std::filesystem::copy_file(ORVEX_REFERENCE_DATABASE, reference);
-    session_.TankPath = reference.string();
-    session_.ClientPath = client.string();
-    session_.ReferenceDb = store::Database::Open(reference);
-    session_.ClientDb = store::Database::Create(client, store::ClientTables());
-  }
+  EditorTest() { OpenDelivered(folder_, session_); }
 
   void Open(refdata::RecordEditor (*open)(shell::Session&)) { form_ = open(session_); }
 
