@@ -100,7 +100,11 @@ class Person : public ScriptedHost {
     if (std::ranges::find(kKnownMessages, text) != std::end(kKnownMessages)) return true;
     if (form_.info == nullptr) return false;
     return text == form_.info->incomplete || text == form_.info->duplicate ||
-           text.starts_with("Please enter no more than ");
+           text.starts_with("Please enter no more than ") ||
+           // A deck of panels as large as 1e300 by 1e300 feet has no factor.
+           text == fmt::format(
+                       "The following Error occurred:\r\n\r\nOverflow: a number is too large.\r\nNumber: 6\r\n in {}.",
+                       form_.info->window.name);
   }
   const refdata::RecordEditor& form_;
 };
