@@ -18,6 +18,7 @@ endif()
 add_library(orvex_options INTERFACE)
 target_compile_options(orvex_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor -Wold-style-cast
+  -Wzero-as-null-pointer-constant
   -Woverloaded-virtual -Wimplicit-fallthrough -Werror -ffp-contract=off
   # GCC 12 warns of overlapping copies where texts are joined with +, in its own library.
   $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)

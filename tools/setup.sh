@@ -13,7 +13,7 @@ declare -A packages=(
   [test]="libgtest-dev libgmock-dev librapidcheck-dev libxml2-utils locales poppler-utils"
   [browser]="chromium chromium-driver python3 python3-selenium"
   [lint]="clang-format clang-tidy shellcheck"
-  [clang]="clang"
+  [clang]="clang libclang-rt-14-dev"
   [coverage]="gcovr"
   [pictures]="poppler-utils imagemagick"
 )
