@@ -11,10 +11,13 @@ desktop := $(release)/apps/orvex/orvex
 sample := $(release)/samples/client1.mdb
 reference := $(release)/data/tankdata.mdb
 
+# How long `make fuzz` tries each reader.
+FUZZ_SECONDS := 300
+
 # What `make batch` asks of the program.
 ARGS := --list
 
-.PHONY: help build report pictures run batch test bench format lint coverage clean
+.PHONY: help build report pictures run batch test bench format lint coverage fuzz clean
 
 help: ## Print this list
 	@awk -F ':.*## ' '/^[a-z]+:.*## / {printf "  make %-10s %s\n", $$1, $$2}' $(MAKEFILE_LIST)
@@ -71,6 +74,11 @@ lint: ## Run clang-tidy and shellcheck
 coverage: ## Run the suite with line coverage; fails below 95 % in src/emission or src/store
 	@$(SETUP) build test coverage
 	@tools/coverage.sh
+
+# The corpus that it starts from is replayed by every `make test`.
+fuzz: ## Feed the readers of files with hostile ones, each for FUZZ_SECONDS (as it stands: 300)
+	@$(SETUP) build clang
+	@tools/fuzz.sh $(FUZZ_SECONDS)
 
 clean: ## Remove build/
 	rm -rf build

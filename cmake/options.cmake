@@ -3,6 +3,7 @@ option(ORVEX_BENCH "Build the benchmarks" OFF)
 option(ORVEX_DISPLAY_TESTS "Test the display pages in a browser" OFF)
 option(ORVEX_WINDOWS "Build what needs Qt: the report window and orvex-pdf" ON)
 option(ORVEX_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+option(ORVEX_FUZZ "Build the fuzzers (clang)" OFF)
 option(ORVEX_COVERAGE "Build with line coverage (gcc)" OFF)
 
 if(NOT CMAKE_BUILD_TYPE)
@@ -25,6 +26,10 @@ target_compile_options(orvex_options INTERFACE
 
 if(ORVEX_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+if(ORVEX_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
 if(ORVEX_COVERAGE)

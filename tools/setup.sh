@@ -10,7 +10,8 @@ declare -A packages=(
   [build]="g++ make cmake ninja-build libsqlite3-dev libpugixml-dev libcli11-dev libfmt-dev libcsv-dev \
     libglib2.0-dev pkg-config qt6-base-dev qt6-webengine-dev qt6-pdf-dev libqt6svg6 fonts-liberation \
     qt6-tools-dev qt6-documentation-tools libqt6sql6-sqlite cmark-gfm"
-  [test]="libgtest-dev libgmock-dev librapidcheck-dev libxml2-utils locales poppler-utils"
+  [test]="libgtest-dev libgmock-dev librapidcheck-dev libxml2-utils locales poppler-utils libshp-dev libfreexl-dev \
+    python3 python3-dbfread python3-xlrd sqlite3"
   [browser]="chromium chromium-driver python3 python3-selenium"
   [lint]="clang-format clang-tidy shellcheck"
   [clang]="clang libclang-rt-14-dev"

@@ -14,19 +14,6 @@ namespace {
 /// SQLite's names for a record's own number; a field may have taken one of them.
 constexpr std::string_view kRowNumberNames[] = {"rowid", "_rowid_", "oid"};
 
-/// Lets a table be renamed without a look at views of the file, which may be broken and which nobody uses here.
-class PlainRenaming {
- public:
-  explicit PlainRenaming(sqlite3* handle) : handle_(handle) { Set(1); }
-  PlainRenaming(const PlainRenaming&) = delete;
-  PlainRenaming& operator=(const PlainRenaming&) = delete;
-  ~PlainRenaming() { Set(0); }
-
- private:
-  void Set(int on) { sqlite3_db_config(handle_, SQLITE_DBCONFIG_LEGACY_ALTER_TABLE, on, nullptr); }
-  sqlite3* handle_;
-};
-
 bool HasField(const std::vector<StoredField>& fields, std::string_view name) {
   return std::ranges::any_of(fields, [&](const StoredField& field) { return EqualNoCase(field.name, name); });
 }
@@ -86,10 +73,7 @@ void Database::AddField(std::string_view table_name, const StoredField& field, s
   connection.Execute(
       fmt::format("INSERT INTO {0} ({1}) SELECT {1} FROM {2}", Quoted(made), columns, Quoted(table.Name())));
   connection.Execute("DROP TABLE " + Quoted(table.Name()));
-  {
-    const PlainRenaming plain(connection.Handle());
-    connection.Execute(fmt::format("ALTER TABLE {} RENAME TO {}", Quoted(made), Quoted(table.Name())));
-  }
+  RenameTable(connection, made, table.Name());
   // They are listed the newest first.
   auto indexes = table.Indexes();
   std::ranges::reverse(indexes);

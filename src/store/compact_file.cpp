@@ -6,17 +6,17 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
-#include <chrono>
-#include <csignal>
+#include <exception>
 #include <string>
 #include <system_error>
-#include <thread>
 #include <utility>
 
 #include "store/connection.h"
 #include "store/database.h"
 #include "store/file_check.h"
+#include "store/file_lock.h"
 #include "store/file_renaming.h"
 #include "store/run_time_error.h"
 
@@ -49,11 +49,6 @@ bool IsThere(const fs::path& path) {
 void Remove(const fs::path& path) {
   std::error_code ignored;
   fs::remove(path, ignored);
-}
-
-[[noreturn]] void ThrowLocked(const fs::path& path) {
-  throw RunTimeError(ErrorNumber::kFileLocked,
-                     fmt::format("{} is locked: another program is using it.", path.string()));
 }
 
 [[noreturn]] void ThrowCannotWrite(const fs::path& path, int cause) {
@@ -104,25 +99,6 @@ class FileBeside {
   Descriptor lock_;
 };
 
-/// Error 3260 if any program has the file open, and keeps it so for a while: one that looks through all new files lets
-/// go of them soon. A file system that cannot tell lets it pass; then SQLite's own locks have to do.
-void RequireUnused(const fs::path& path) {
-  constexpr int kAttempts = 20;
-  constexpr std::chrono::milliseconds kPause{100};
-  const Descriptor file(open(path.c_str(), O_RDWR | O_CLOEXEC));
-  // Who may not write is told so when the database is opened.
-  if (file.Number() < 0) return;
-  // Somebody who opens the file meanwhile is told of to this program by a signal, which must not be the usual one: that
-  // ends programs.
-  if (fcntl(file.Number(), F_SETSIG, SIGURG) != 0) return;
-  for (int attempt = 0; fcntl(file.Number(), F_SETLEASE, F_WRLCK) != 0; ++attempt) {
-    if (errno != EAGAIN) return;
-    if (attempt == kAttempts) ThrowLocked(path);
-    std::this_thread::sleep_for(kPause);
-  }
-  fcntl(file.Number(), F_SETLEASE, F_UNLCK);
-}
-
 std::string JournalMode(const Connection& connection) {
   Statement mode(connection, "PRAGMA journal_mode");
   mode.Step();
@@ -137,20 +113,58 @@ void HoldAlone(Connection& connection) {
   connection.Execute("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE; COMMIT");
 }
 
-void WriteCompacted(const Connection& connection, const fs::path& target) {
+/// Tells, while a statement works, how large the file is that it writes, and stops it where the caller throws.
+class WrittenSize {
+ public:
+  WrittenSize(const Connection& connection, fs::path file, std::int64_t expected, const CompactionProgress& progress)
+      : handle_(connection.Handle()), file_(std::move(file)), expected_(expected), progress_(progress) {
+    constexpr int kInstructions = 20000;
+    if (progress_) sqlite3_progress_handler(handle_, kInstructions, &Look, this);
+  }
+  WrittenSize(const WrittenSize&) = delete;
+  WrittenSize& operator=(const WrittenSize&) = delete;
+  ~WrittenSize() { sqlite3_progress_handler(handle_, 0, nullptr, nullptr); }
+
+  /// What the caller threw goes on here: it cannot pass through SQLite.
+  void RethrowStop() const {
+    if (stop_) std::rethrow_exception(stop_);
+  }
+
+ private:
+  static int Look(void* self) {
+    auto& size = *static_cast<WrittenSize*>(self);
+    try {
+      std::error_code not_there;
+      const auto written = fs::file_size(size.file_, not_there);
+      size.progress_(not_there ? 0 : std::min(static_cast<std::int64_t>(written), size.expected_), size.expected_);
+      return 0;
+    } catch (...) {
+      size.stop_ = std::current_exception();
+      return 1;
+    }
+  }
+
+  sqlite3* handle_;
+  fs::path file_;
+  std::int64_t expected_;
+  const CompactionProgress& progress_;
+  std::exception_ptr stop_;
+};
+
+void WriteCompacted(const Connection& connection, const fs::path& target, const CompactionProgress& progress) {
+  std::error_code gone;
+  const auto expected = fs::file_size(connection.Path(), gone);
+  if (gone) ThrowCannotWrite(connection.Path(), gone.value());
+  const WrittenSize size(connection, target, static_cast<std::int64_t>(expected), progress);
   Statement vacuum(connection, "VACUUM INTO ?1");
   const Value name(target.string());
   vacuum.Bind(1, name);
-  vacuum.Step();
-}
-
-/// Whoever could use the old file can use the new one.
-void CopyRights(const fs::path& from, const fs::path& to) {
-  struct stat rights {};
-  if (stat(from.c_str(), &rights) != 0) return;
-  // Only the system's own account may give files away, so a refusal is expected. It comes first: it takes rights away.
-  if (chown(to.c_str(), rights.st_uid, rights.st_gid) != 0 && errno != EPERM) ThrowCannotWrite(to, errno);
-  if (chmod(to.c_str(), rights.st_mode & 07777U) != 0) ThrowCannotWrite(to, errno);
+  try {
+    vacuum.Step();
+  } catch (const RunTimeError&) {
+    size.RethrowStop();
+    throw;
+  }
 }
 
 void RequireSound(const fs::path& path) {
@@ -169,7 +183,7 @@ fs::path CompactionPath(const fs::path& path) {
   return name + (is_n ? 'M' : 'N');
 }
 
-void CompactFile(const fs::path& path) {
+void CompactFile(const fs::path& path, const CompactionProgress& progress) {
   CheckFile(path);
   // Behind a link it is the file itself that is replaced.
   const fs::path file = fs::canonical(path);
@@ -177,7 +191,7 @@ void CompactFile(const fs::path& path) {
   Connection connection(file, SQLITE_OPEN_READWRITE);
   HoldAlone(connection);
   const FileBeside beside(CompactionPath(file));
-  WriteCompacted(connection, beside.Path());
+  WriteCompacted(connection, beside.Path(), progress);
   CopyRights(file, beside.Path());
   RequireSound(beside.Path());
   FlushFile(beside.Path());

@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <charconv>
-#include <new>
 
 #include "store/letter_case.h"
 #include "store/run_time_error.h"
@@ -96,7 +95,6 @@ bool Connection::ReadOnly() const { return sqlite3_db_readonly(Handle(), "main")
 void Connection::Fail(int code) const {
   const std::string file = path_.string();
   const int primary = code & 0xff;
-  if (primary == SQLITE_NOMEM) throw std::bad_alloc();
   const std::string reason = sqlite3_errmsg(Handle());
   if (primary == SQLITE_ERROR && reason.starts_with("no such table")) {
     throw RunTimeError(ErrorNumber::kObjectNotFound, fmt::format("{}: {}.", file, reason));
@@ -105,6 +103,7 @@ void Connection::Fail(int code) const {
     if (failure.code != code && failure.code != primary) continue;
     throw RunTimeError(failure.number, fmt::format(fmt::runtime(failure.text), file, reason));
   }
+  // SQLite says of some damaged files that its memory is exhausted.
   throw RunTimeError(ErrorNumber::kDamagedFile, fmt::format("{} cannot be used: {}.", file, reason));
 }
 
@@ -132,6 +131,12 @@ bool Connection::Begin(bool write) {
   ++depth_;
   ++epoch_;
   return true;
+}
+
+void Connection::Flush() {
+  RequireTransactionAlive();
+  const int code = sqlite3_db_cacheflush(Handle());
+  if (code != SQLITE_OK) Fail(code);
 }
 
 void Connection::CommitOutermost() {

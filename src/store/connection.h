@@ -91,6 +91,7 @@ class Connection {
   [[nodiscard]] std::uint64_t Epoch() const { return epoch_; }
   bool Begin(bool write);
   void Leave() { --depth_; }
+  void Flush();
   void CommitOutermost();
   void RollBackOutermost() noexcept;
   /// Counts the transactions undone; tables read from the file before may be defined otherwise now.

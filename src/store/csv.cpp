@@ -26,8 +26,31 @@ std::size_t FindBadByte(std::string_view text) {
   return std::string_view::npos;
 }
 
+/// Whether a line has a carriage return that no line feed follows, outside of quotes; `quoted` goes from line to line.
+bool HasBareReturn(std::string_view line, bool& quoted) {
+  bool found = false;
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    if (line[i] == '"') quoted = !quoted;
+    found = found || (line[i] == '\r' && !quoted && !line.substr(i + 1).starts_with('\n'));
+  }
+  return found;
+}
+
 [[noreturn]] void Fail(const std::string& description) {
   throw RunTimeError(ErrorNumber::kDataConversion, description);
+}
+
+/// Spreadsheet programs write semicolons between columns where the decimal sign is a comma. Such a file must not be
+/// taken for one of a single column: its numbers would be misread, too.
+void RefuseOtherSeparators(std::string_view text, const std::string& name) {
+  const std::string_view header = text.substr(0, text.find('\n'));
+  if (header.find(',') != std::string_view::npos) return;
+  const bool semicolons = header.find(';') != std::string_view::npos;
+  if (!semicolons && header.find('\t') == std::string_view::npos) return;
+  Fail(fmt::format(
+      "{}, line 1: the columns are parted by {}. Save the file with commas between the columns and points in "
+      "the numbers.",
+      name, semicolons ? "semicolons" : "tabs"));
 }
 
 /// libcsv's parser, fed line by line, and the rows it has told so far.
@@ -96,6 +119,7 @@ CsvTable CsvTable::Read(const std::filesystem::path& path) {
 CsvTable CsvTable::Parse(std::string_view text, std::string name) {
   CsvTable table(std::move(name));
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  RefuseOtherSeparators(text, table.name_);
 
   Parser parser;
   bool header_taken = false;
@@ -114,6 +138,7 @@ CsvTable CsvTable::Parse(std::string_view text, std::string name) {
   std::size_t line = 0;
   std::size_t first_line_of_row = 1;
   bool inside_row = false;
+  bool quoted = false;
   while (!text.empty()) {
     ++line;
     const std::size_t end = text.find('\n');
@@ -126,8 +151,9 @@ CsvTable CsvTable::Parse(std::string_view text, std::string name) {
     if (taken < fed.size()) {
       Fail(fmt::format("{}, line {}, character {}: a quote stands where none can be.", table.name_, line, taken + 1));
     }
+    if (HasBareReturn(fed, quoted))
+      Fail(fmt::format("{}, line {}: a carriage return stands alone.", table.name_, line));
     auto& rows = parser.Rows();
-    if (rows.size() > 2) Fail(fmt::format("{}, line {}: a carriage return stands alone.", table.name_, line));
     if (rows.size() == 2) {
       take({first_line_of_row, std::move(rows.front())});
       rows.erase(rows.begin());

@@ -22,8 +22,9 @@ class CsvTable {
   static CsvTable Read(const std::filesystem::path& path);
 
   /// `name` is what messages call the file. Error 3421, naming file, line and place, for a text that is empty or not
-  /// UTF-8, a quote that is not closed or stands inside a bare cell, a bare carriage return, a column without a name or
-  /// with the name of another, and a row that is longer or shorter than the header.
+  /// UTF-8, a header whose columns are parted by semicolons or tabs, a quote that is not closed or stands inside a bare
+  /// cell, a bare carriage return, a column without a name or with the name of another, and a row that is longer or
+  /// shorter than the header.
   static CsvTable Parse(std::string_view text, std::string name);
 
   [[nodiscard]] const std::string& Name() const { return name_; }
@@ -35,6 +36,9 @@ class CsvTable {
 
   /// The cell of a row (from 0) under this name; error 3265 if there is no such column.
   [[nodiscard]] const CsvCell& Cell(std::size_t row, std::string_view column) const;
+
+  /// The cell of a row in the column at this place.
+  [[nodiscard]] const CsvCell& CellAt(std::size_t row, std::size_t column) const { return rows_[row].cells[column]; }
 
   /// The line of the file on which the row begins, from 1.
   [[nodiscard]] std::size_t Line(std::size_t row) const { return rows_[row].line; }

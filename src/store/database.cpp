@@ -12,6 +12,7 @@
 #include "store/letter_case.h"
 #include "store/record_set_impl.h"
 #include "store/run_time_error.h"
+#include "store/select_into.h"
 #include "store/table_definition.h"
 
 namespace orvex::store {
@@ -192,16 +193,11 @@ void Database::DeleteTable(std::string_view name) {
 
 std::int64_t Database::Execute(std::string_view sql) {
   const Translation translation = TranslateSql(sql);
-  if (translation.kind == QueryKind::kWholeRows || translation.kind == QueryKind::kRows) {
+  if (translation.kind == QueryKind::kSelectInto) return SelectInto(sql, {}).rows;
+  if (translation.kind != QueryKind::kDelete) {
     throw RunTimeError(ErrorNumber::kOperationNotSupported, fmt::format("The query '{}' gives rows.", sql));
   }
   impl_->connection->RequireTransactionAlive();
-  if (translation.kind == QueryKind::kSelectInto) {
-    auto& select = impl_->Prepare(translation.sql, sql);
-    const Execution execution(select);
-    select.Bind(translation.parameters);
-    return SelectInto(select, *this, translation);
-  }
   auto table = impl_->GetTable(translation.table);
   auto& statement = impl_->Prepare(translation.sql, sql);
   const Execution execution(statement);
@@ -248,6 +244,8 @@ Transaction::~Transaction() {
 }
 
 void Transaction::RequireAlive() const { connection_->RequireTransactionAlive(); }
+
+void Transaction::Flush() { connection_->Flush(); }
 
 void Transaction::Commit() {
   if (outermost_) {

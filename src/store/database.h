@@ -17,6 +17,8 @@ namespace orvex::store {
 
 class Connection;
 class Transaction;
+struct IntoOptions;
+struct IntoResult;
 
 enum class OpenMode : std::uint8_t { kReadWrite, kReadOnly };
 
@@ -73,6 +75,9 @@ class Database {
   /// Runs a statement of the dialect that gives no rows (DELETE, SELECT ... INTO); the number of rows it wrote.
   std::int64_t Execute(std::string_view sql);
 
+  /// Runs SELECT ... INTO as its options tell (store/select_into.h).
+  IntoResult SelectInto(std::string_view sql, const IntoOptions& options);
+
   /// A number that the file keeps for the program beside its tables, 0 in a new file. It belongs to the transaction in
   /// which it is set, and stays when the file is compacted; a copy made table by table begins with 0 again.
   [[nodiscard]] std::int32_t Mark();
@@ -101,6 +106,8 @@ class Database {
   friend class RecordSet;
   friend class Transaction;
   friend class DatabaseReplacement;
+  friend class RowCopy;
+  friend class DatabaseSink;
   struct Impl;
   explicit Database(std::shared_ptr<Impl> impl);
   std::shared_ptr<Impl> impl_;
@@ -121,6 +128,10 @@ class Transaction {
 
   /// Error 3034 once the store had to undo the work (disk full, read failure).
   void RequireAlive() const;
+
+  /// Writes to the file what `Commit` makes lasting then, so that a full disk (3043) or another reader of the file
+  /// (3260) is met while the work can still be undone: for commands that write to two files.
+  void Flush();
 
   /// Makes the work lasting. Error 3034 as for `RequireAlive`.
   void Commit();

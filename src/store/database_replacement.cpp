@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "store/database_impl.h"
+#include "store/file_lock.h"
 #include "store/file_renaming.h"
 #include "store/file_replacement.h"
 #include "store/run_time_error.h"
@@ -47,6 +48,7 @@ DatabaseReplacement::DatabaseReplacement(fs::path path) : path_(std::move(path))
   std::error_code ignored;
   const auto status = fs::status(path_, ignored);
   if (fs::exists(status) && !fs::is_regular_file(status)) Fail(fs::is_directory(status) ? EISDIR : EEXIST);
+  if (fs::exists(status) && faccessat(AT_FDCWD, path_.c_str(), W_OK, AT_EACCESS) != 0) Fail(errno);
   RemoveUnfinished(path_);
   // A name of this process's own: two programs that write the same file must not share the half-written one.
   for (int attempt = 0; !database_; ++attempt) {
@@ -59,25 +61,56 @@ DatabaseReplacement::DatabaseReplacement(fs::path path) : path_(std::move(path))
   }
   lock_ = open(beside_.c_str(), O_RDONLY | O_CLOEXEC);
   flock(lock_, LOCK_EX | LOCK_NB);
-  // The file counts for nothing until it is complete and flushed, so that no journal is needed beside it.
+  Prepare();
+}
+
+/// The file counts for nothing until it is complete and flushed, so that no journal is needed beside it.
+void DatabaseReplacement::Prepare() {
   database_->impl_->connection->Execute("PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF");
 }
 
 DatabaseReplacement::~DatabaseReplacement() {
   database_.reset();
   std::error_code ignored;
-  if (!beside_.empty()) fs::remove(beside_, ignored);
+  if (!beside_.empty()) {
+    RemoveJournals(beside_);
+    fs::remove(beside_, ignored);
+  }
   // Not before: SQLite would lose its own locks on the file.
   close(lock_);
 }
 
-void DatabaseReplacement::Commit() {
-  if (!database_->IntegrityCheck()) {
-    throw RunTimeError(ErrorNumber::kDamagedFile, fmt::format("{} was not written as it should be.", path_.string()));
+void DatabaseReplacement::CopyFrom(const fs::path& source, const CopyProgress& progress) {
+  if (WasLeftAtWork(source)) {
+    database_.reset();
+    CopyWithJournals(source, beside_);
+    database_ = Database::Open(beside_);
+  } else {
+    CopyPages(source, *database_->impl_->connection, progress);
   }
+  // A log has no place beside the new file. Whether the pages that were copied say so shows when they are looked at.
+  (void)database_->TableNames();
+  database_->impl_->connection->Execute("PRAGMA journal_mode = DELETE");
+  Prepare();
+}
+
+void DatabaseReplacement::Check(const std::function<void(Database&)>& look) {
   database_.reset();
   FlushFile(beside_);
+  const auto written = Database::Open(beside_, OpenMode::kReadOnly);
+  if (!written->IntegrityCheck())
+    throw RunTimeError(ErrorNumber::kDamagedFile, fmt::format("{} was not written as it should be.", path_.string()));
+  if (look) look(*written);
+}
+
+void DatabaseReplacement::Commit() {
+  if (database_) Check();
   PartFromCompanions(path_);
+  std::error_code ignored;
+  if (fs::is_regular_file(fs::symlink_status(path_, ignored))) {
+    RequireUnused(path_);
+    CopyRights(path_, beside_);
+  }
   if (rename(beside_.c_str(), path_.c_str()) != 0) Fail(errno);
   beside_.clear();
   FlushFolderOf(path_);

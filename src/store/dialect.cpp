@@ -6,6 +6,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <optional>
 #include <span>
 
 #include "store/connection.h"
@@ -196,11 +197,60 @@ class Translator {
     return sql;
   }
 
-  /// `a OR b OR c ...` in nested halves: a choice of thousands of names stays within SQLite's depth of expressions.
   static std::string Alternatives(std::span<const std::string> parts) {
+    const std::string choice = Choice(parts);
+    return choice.empty() ? NestedAlternatives(parts) : choice;
+  }
+
+  /// `a OR b OR c ...` in nested halves: a choice of thousands of names stays within SQLite's depth of expressions.
+  static std::string NestedAlternatives(std::span<const std::string> parts) {
     if (parts.size() == 1) return parts.front();
     const std::size_t half = parts.size() / 2;
-    return " (" + Alternatives(parts.first(half)) + " OR" + Alternatives(parts.subspan(half)) + ")";
+    return " (" + NestedAlternatives(parts.first(half)) + " OR" + NestedAlternatives(parts.subspan(half)) + ")";
+  }
+
+  /// `field IN (...)` where each part compares the same field with a constant, otherwise nothing: SQLite looks for a
+  /// way to each alternative, in time that grows with the square of their number.
+  static std::string Choice(std::span<const std::string> parts) {
+    std::string_view field;
+    std::string constants;
+    for (const auto& part : parts) {
+      const auto comparison = ComparisonIn(part);
+      if (!comparison || (!field.empty() && comparison->field != field)) return {};
+      field = comparison->field;
+      if (!constants.empty()) constants += ',';
+      constants += comparison->constant;
+    }
+    return fmt::format(" {} IN ({})", field, constants);
+  }
+
+  struct Comparison {
+    std::string_view field, constant;
+  };
+
+  /// What is compared by ` (("table"."field" = ?1))`; nothing if the text says something else.
+  static std::optional<Comparison> ComparisonIn(std::string_view sql) {
+    while (sql.starts_with(' ')) sql.remove_prefix(1);
+    while (sql.starts_with('(') && sql.ends_with(')')) {
+      sql = sql.substr(1, sql.size() - 2);
+      while (sql.starts_with(' ')) sql.remove_prefix(1);
+    }
+    constexpr std::string_view kEquals = " = ";
+    const auto field = sql.substr(0, sql.rfind('"') + 1);
+    auto rest = sql.substr(field.size());
+    if (!IsFieldName(field) || !rest.starts_with(kEquals)) return std::nullopt;
+    rest.remove_prefix(kEquals.size());
+    const bool constant = rest.starts_with('?') && rest.find_first_not_of("0123456789", 1) == std::string_view::npos;
+    return constant ? std::optional(Comparison{field, rest}) : std::nullopt;
+  }
+
+  /// Whether the text is `"field"` or `"table"."field"`; names with quotation marks in them are none.
+  static bool IsFieldName(std::string_view sql) {
+    constexpr std::string_view kPoint = R"(".")";
+    if (!sql.starts_with('"')) return false;
+    auto end = sql.find('"', 1);
+    if (sql.substr(std::min(end, sql.size())).starts_with(kPoint)) end = sql.find('"', end + kPoint.size());
+    return end != std::string_view::npos && end + 1 == sql.size();
   }
 
   /// A constant, a name with its table, a function call, something in parentheses, or a keyword or operator.

@@ -12,7 +12,8 @@
 /// - names in brackets (`[USER ID]`), names that are keywords elsewhere (`PRIMARY`, `MONTH`), `table!field`;
 /// - texts in single or double quotes, `True` = -1 and `False` = 0, `&` joins texts and takes null as an empty one;
 /// - `Like` with `*`, `?`, `#` and lists; `cvdate`;
-/// - `SELECT ... INTO`, with an optional `[;database=path].` in front of the target;
+/// - names in brackets may hold a closing one, doubled;
+/// - `SELECT ... INTO`, with an optional `[;database=path].` or format in front of the target (store/select_into.h);
 /// - GROUP BY gives its groups in order.
 /// Numbers and texts become parameters, so that texts which differ in a key only share a prepared statement.
 namespace orvex::store {

@@ -62,28 +62,26 @@ class Tokenizer {
   [[nodiscard]] bool AfterName() const { return !tokens_.empty() && tokens_.back().IsName(); }
 
   Token Bracketed() {
-    const auto close = query_.find(']', at_);
-    if (close == std::string_view::npos) ThrowQuerySyntax(query_, "a bracket is not closed");
-    Token token{TokenKind::kBracketedName, std::string(query_.substr(at_ + 1, close - at_ - 1))};
-    at_ = close + 1;
-    return token;
+    ++at_;
+    return {TokenKind::kBracketedName, UpTo(']', "a bracket is not closed")};
   }
 
-  /// A doubled quote inside stands for one.
   Token TextConstant(char quote) {
+    ++at_;
+    return {TokenKind::kText, UpTo(quote, "a text is not closed")};
+  }
+
+  /// What stands in front of the end, which is passed; a doubled one inside stands for one.
+  std::string UpTo(char end, std::string_view fault) {
     std::string text;
-    for (std::size_t i = at_ + 1; i < query_.size(); ++i) {
-      if (query_[i] != quote) {
-        text += query_[i];
-      } else if (i + 1 < query_.size() && query_[i + 1] == quote) {
-        text += quote;
-        ++i;
-      } else {
-        at_ = i + 1;
-        return {TokenKind::kText, text};
+    for (; at_ < query_.size(); ++at_) {
+      if (query_[at_] == end) {
+        ++at_;
+        if (at_ >= query_.size() || query_[at_] != end) return text;
       }
+      text += query_[at_];
     }
-    ThrowQuerySyntax(query_, "a text is not closed");
+    ThrowQuerySyntax(query_, fault);
   }
 
   Token Number() {

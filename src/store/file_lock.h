@@ -16,6 +16,14 @@ LockResult LockNow(int file);
 /// Waits until it has the lock.
 void Lock(int file);
 
+/// Error 3260 if any program has the file open, this one included, and keeps it so for a while: one that looks through
+/// all new files lets go of them soon. A file system that cannot tell lets it pass, and so does a file that may not be
+/// written; then SQLite's own locks have to do.
+void RequireUnused(const std::filesystem::path& path);
+
+/// Error 3260, which names the file.
+[[noreturn]] void ThrowLocked(const std::filesystem::path& path);
+
 /// Whether an open file is still the regular file that a name stands for.
 bool HasName(int file, const std::filesystem::path& path);
 

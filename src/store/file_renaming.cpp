@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <fmt/format.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -11,16 +12,29 @@
 #include "store/run_time_error.h"
 
 namespace orvex::store {
+namespace {
+
+[[noreturn]] void ThrowCannotWrite(const std::filesystem::path& file, int cause) {
+  throw RunTimeError(ErrorNumber::kDiskFailure, fmt::format("The file '{}' cannot be written: {}.", file.string(),
+                                                            std::generic_category().message(cause)));
+}
+
+}  // namespace
 
 void FlushFile(const std::filesystem::path& file) {
   const int descriptor = open(file.c_str(), O_RDONLY | O_CLOEXEC);
   const bool flushed = descriptor >= 0 && fsync(descriptor) == 0;
   const int cause = errno;
   if (descriptor >= 0) close(descriptor);
-  if (!flushed) {
-    throw RunTimeError(ErrorNumber::kDiskFailure, fmt::format("The file '{}' cannot be written: {}.", file.string(),
-                                                              std::generic_category().message(cause)));
-  }
+  if (!flushed) ThrowCannotWrite(file, cause);
+}
+
+void CopyRights(const std::filesystem::path& from, const std::filesystem::path& to) {
+  struct stat rights {};
+  if (stat(from.c_str(), &rights) != 0) return;
+  // Only the system's own account may give files away, so a refusal is expected. It comes first: it takes rights away.
+  if (chown(to.c_str(), rights.st_uid, rights.st_gid) != 0 && errno != EPERM) ThrowCannotWrite(to, errno);
+  if (chmod(to.c_str(), rights.st_mode & 07777U) != 0) ThrowCannotWrite(to, errno);
 }
 
 void FlushFolderOf(const std::filesystem::path& file) {

@@ -15,6 +15,7 @@
 
 #include "store/file_lock.h"
 #include "store/file_renaming.h"
+#include "store/page_copy.h"
 #include "store/run_time_error.h"
 
 namespace orvex::store {
@@ -57,7 +58,11 @@ bool IsUnfinished(std::string_view name, std::string_view of) {
 void RemoveIfGivenUp(const fs::path& path) {
   const int file = open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
   if (file < 0) return;
-  if (HasName(file, path) && TryLock(file) && HasName(file, path)) unlink(path.c_str());
+  if (HasName(file, path) && TryLock(file) && HasName(file, path)) {
+    // They go first: without the file, nobody would look for them.
+    RemoveJournals(path);
+    unlink(path.c_str());
+  }
   close(file);
 }
 
@@ -103,16 +108,19 @@ void FileReplacement::Write(std::string_view content) {
   if (buffer_.size() >= kBufferSize) Flush();
 }
 
-void FileReplacement::Commit() {
+void FileReplacement::Complete() {
   Flush();
   if (fsync(file_) != 0) Fail(errno);
+}
+
+void FileReplacement::Commit() {
+  Complete();
   if (rename(beside_.c_str(), path_.c_str()) != 0) Fail(errno);
   Finish();
 }
 
 bool FileReplacement::CommitAsNew() {
-  Flush();
-  if (fsync(file_) != 0) Fail(errno);
+  Complete();
   const int error = RenameAsNew(beside_, path_);
   if (error == EEXIST) return false;
   if (error != 0) Fail(error);

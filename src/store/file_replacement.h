@@ -18,6 +18,10 @@ class FileReplacement {
   ~FileReplacement();
 
   void Write(std::string_view content);
+
+  /// Brings all that was written to the disk, so that of the errors only those of a renaming are left to `Commit`: of
+  /// several files none takes its place before all are complete.
+  void Complete();
   void Commit();
 
   /// Takes the place only if nothing has the name, not even a link that leads nowhere; false if something has it. Of

@@ -1,5 +1,6 @@
 #include "store/number_text.h"
 
+#include <array>
 #include <charconv>
 #include <cmath>
 
@@ -11,6 +12,12 @@ std::optional<double> ParseNumber(std::string_view text) {
   const auto [stop, error] = std::from_chars(text.data(), end, number);
   if (error != std::errc() || stop != end || !std::isfinite(number)) return std::nullopt;
   return number;
+}
+
+std::string ShortestNumber(double number) {
+  std::array<char, 32> text{};
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), number);
+  return {text.data(), end.ptr};
 }
 
 }  // namespace orvex::store

@@ -3,8 +3,6 @@
 #include <fmt/format.h>
 
 #include "store/connection.h"
-#include "store/letter_case.h"
-#include "store/run_time_error.h"
 
 namespace orvex::store {
 namespace {
@@ -25,14 +23,18 @@ std::string TypeText(const StoredField& field) {
   return "";
 }
 
-/// The fields of a query's result, as a table can hold them.
-std::vector<StoredField> ResultFields(const Statement& query) {
-  std::vector<StoredField> fields;
-  for (int i = 0; i < query.ColumnCount(); ++i) fields.push_back(query.ResultField(i));
-  return fields;
-}
+/// Lets a table be renamed without a look at views of the file, which may be broken and which nobody uses here.
+class PlainRenaming {
+ public:
+  explicit PlainRenaming(sqlite3* handle) : handle_(handle) { Set(1); }
+  PlainRenaming(const PlainRenaming&) = delete;
+  PlainRenaming& operator=(const PlainRenaming&) = delete;
+  ~PlainRenaming() { Set(0); }
 
-constexpr std::string_view kDatabaseConnect = ";database=";
+ private:
+  void Set(int on) { sqlite3_db_config(handle_, SQLITE_DBCONFIG_LEGACY_ALTER_TABLE, on, nullptr); }
+  sqlite3* handle_;
+};
 
 }  // namespace
 
@@ -53,35 +55,9 @@ std::string IndexDefinition(std::string_view table, const StoredIndex& index) {
   return sql + ")";
 }
 
-std::int64_t SelectInto(Statement& select, Database& database, const Translation& translation) {
-  std::unique_ptr<Database> other;
-  if (!translation.target_connect.empty()) {
-    if (!LowerCase(translation.target_connect).starts_with(kDatabaseConnect)) {
-      throw RunTimeError(ErrorNumber::kUnknownFormat,
-                         fmt::format("The file format of '[{}]' is not available.", translation.target_connect));
-    }
-    const std::filesystem::path path = translation.target_connect.substr(kDatabaseConnect.size());
-    std::error_code ignored;
-    if (!std::filesystem::equivalent(path, database.Path(), ignored)) other = Database::Open(path);
-  }
-  Database& target = other ? *other : database;
-  const auto fields = ResultFields(select);
-  Transaction transaction(target);
-  target.CreateTable(translation.target_table, fields, {});
-  auto rows = target.OpenTable(translation.target_table);
-  std::int64_t count = 0;
-  Value value;
-  while (select.Step()) {
-    rows.AddNew();
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-      select.Read(static_cast<int>(i), value);
-      rows.Set(fields[i].name, value);
-    }
-    rows.Update();
-    ++count;
-  }
-  transaction.Commit();
-  return count;
+void RenameTable(Connection& connection, std::string_view from, std::string_view to) {
+  const PlainRenaming plain(connection.Handle());
+  connection.Execute(fmt::format("ALTER TABLE {} RENAME TO {}", Quoted(from), Quoted(to)));
 }
 
 }  // namespace orvex::store

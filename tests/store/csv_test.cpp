@@ -35,6 +35,21 @@ TEST(Csv, CellsAreFoundByTheNameOfTheirColumn) {
   EXPECT_EQ(table.Cell(1, "cas"), "108-88-3");
 }
 
+TEST(Csv, SemicolonsOrTabsBetweenColumnsAreTold) {
+  EXPECT_EQ(FailureOf("NAME;CAS\nBenzene;71-43-2\n"),
+            "t.csv, line 1: the columns are parted by semicolons. Save the file with commas between the columns and "
+            "points in the numbers.");
+  EXPECT_THAT(FailureOf("\xEF\xBB\xBF\"NAME\";\"CAS\"\r\n"), HasSubstr("parted by semicolons"));
+  EXPECT_THAT(FailureOf("NAME\tCAS\n"), HasSubstr("parted by tabs"));
+  EXPECT_EQ(CsvTable::Parse("A;B,C\n1;2,3\n", "t.csv").Cell(0, "A;B"), "1;2");
+  EXPECT_EQ(CsvTable::Parse("A\n1;2\n", "t.csv").Cell(0, "A"), "1;2");
+}
+
+TEST(Csv, ACellIsFoundByItsPlace) {
+  EXPECT_EQ(CsvTable::Parse("A,B\n1,2\n3,\n", "t.csv").CellAt(0, 1), "2");
+  EXPECT_EQ(CsvTable::Parse("A,B\n1,2\n3,\n", "t.csv").CellAt(1, 1), std::nullopt);
+}
+
 TEST(Csv, AnUnknownColumnIsAnError) {
   const CsvTable table = CsvTable::Parse("NAME\nBenzene\n", "t.csv");
   try {
@@ -128,7 +143,9 @@ TEST(Csv, TwoColumnsOfOneNameAreRefusedWhateverTheCase) {
 }
 
 TEST(Csv, ABareCarriageReturnIsRefused) {
-  EXPECT_THAT(FailureOf("A,B\n1,2\r3,4\n"), HasSubstr("t.csv, line 2: a carriage return stands alone"));
+  for (const char* text : {"A,B\n1,2\r3,4\n", "A,B\n\r1,2\n", "A,B\n1,2\r\r\n", "A,B\n1,2\r", "A,B\n\"1\"\r,2\n"})
+    EXPECT_THAT(FailureOf(text), HasSubstr("t.csv, line 2: a carriage return stands alone")) << text;
+  EXPECT_EQ(CsvTable::Parse("A,B\n\"1\r\",2\n", "t.csv").Cell(0, "A"), "1\r") << "in quotes it is part of the text";
 }
 
 TEST(Csv, TextThatIsNotUtf8IsRefusedWithItsPlace) {

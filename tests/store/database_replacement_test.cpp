@@ -75,6 +75,38 @@ TEST_F(DatabaseReplacementTest, StaysAsFarAsItGotIfNothingHasThePlace) {
   EXPECT_EQ(test::EntryCount(folder.Path()), 1);
 }
 
+TEST_F(DatabaseReplacementTest, WhatTheCallerFindsWrongInTheWrittenFileKeepsTheOldOne) {
+  test::WriteFile(path, "old");
+  {
+    DatabaseReplacement replacement(path);
+    Fill(replacement);
+    EXPECT_RUN_TIME_ERROR(replacement.Check([](Database& written) {
+      EXPECT_TRUE(written.ReadOnly());
+      EXPECT_EQ(written.OpenTable("t").Text("A"), "new");
+      throw RunTimeError(ErrorNumber::kDamagedFile, "Not so.");
+    }),
+                          ErrorNumber::kDamagedFile);
+  }
+  EXPECT_EQ(test::FileContent(path), "old");
+  EXPECT_EQ(test::EntryCount(folder.Path()), 1);
+}
+
+TEST_F(DatabaseReplacementTest, HasTheRightsOfTheOldFile) {
+  test::WriteFile(path, "old");
+  fs::permissions(path, fs::perms{0640});
+  DatabaseReplacement replacement(path);
+  Fill(replacement);
+  replacement.Commit();
+  EXPECT_EQ(fs::status(path).permissions(), fs::perms{0640});
+}
+
+TEST_F(DatabaseReplacementTest, RemovesTheJournalsOfWhatAKilledOneLeft) {
+  for (const auto* ending : {".1-0.new", ".1-0.new-journal", ".1-0.new-wal"})
+    test::WriteFile(path.string() + ending, "");
+  { const DatabaseReplacement replacement(path); }
+  EXPECT_EQ(test::EntryCount(folder.Path()), 0);
+}
+
 TEST_F(DatabaseReplacementTest, RemovesWhatAKilledOneLeftAndLeavesAloneWhatIsAtWork) {
   test::WriteFile(path.string() + ".1-0.new", "a part of a database");
   test::WriteFile(path.string() + ".1-0.news", "mine");

@@ -14,6 +14,7 @@
 #include "support/child_process.h"
 #include "support/expect_error.h"
 #include "support/file_content.h"
+#include "support/file_size_limit.h"
 #include "support/test_databases.h"
 
 namespace orvex::store {
@@ -42,6 +43,18 @@ TEST(FileReplacement, KeepsTheOldFileUntilTheNewOneIsComplete) {
   EXPECT_EQ(FileContent(path), "old");
   file.Commit();
   EXPECT_EQ(FileContent(path), std::string(200000, 'x'));
+}
+
+TEST(FileReplacement, OnceCompleteNeedsNoMoreRoomToTakeItsPlace) {
+  const TemporaryFolder folder;
+  const auto path = folder.Path() / "file";
+  FileReplacement late(path), early(path);
+  for (auto* file : {&late, &early}) file->Write(std::string(3000, 'x'));
+  early.Complete();
+  const test::FileSizeLimit full_disk(2000);
+  EXPECT_RUN_TIME_ERROR(late.Complete(), ErrorNumber::kDiskFailure);
+  early.Commit();
+  EXPECT_EQ(test::FileContent(path).size(), 3000U);
 }
 
 TEST(FileReplacement, LeavesNothingBehindWhenItIsGivenUp) {

@@ -20,6 +20,13 @@ TEST(NumberText, AnythingElseIsNoNumber) {
   }
 }
 
+TEST(NumberText, NumbersArePrintedInTheFewestDigitsThatReadBackTheSame) {
+  EXPECT_EQ(ShortestNumber(0.1), "0.1");
+  EXPECT_EQ(ShortestNumber(-0.0), "-0");
+  EXPECT_EQ(ShortestNumber(1e308), "1e+308");
+  for (const double number : {1.0 / 3, 5e-324, 123456789.125}) EXPECT_EQ(ParseNumber(ShortestNumber(number)), number);
+}
+
 TEST(NumberText, ATextThatHoldsANulIsNoNumber) { EXPECT_EQ(ParseNumber(std::string_view("1\0", 2)), std::nullopt); }
 
 }  // namespace

@@ -120,6 +120,20 @@ TEST_F(ReferenceQueries, AChoiceOfThousandsOfChemicalsIsNotTooMuch) {
   EXPECT_EQ(QueryRows(reference, query, {"NAME"}), (Rows{"Chemical 0", "Chemical 4999"}));
 }
 
+TEST_F(ReferenceQueries, AlternativesOfOneFieldAndOfSeveralMeanTheSame) {
+  for (const char* name : {"Benzene", "Toluene", "Xylene", "5"}) AddChemical(name);
+  const auto names = [&](const std::string& condition) {
+    return QueryRows(reference, "Select * from Chemical where " + condition, {"NAME"});
+  };
+  EXPECT_EQ(names("NAME = 'XYLENE' OR [NAME] = 5 OR (NAME = 'none')"), (Rows{"Xylene", "5"}));
+  EXPECT_EQ(names("NAME = 'Xylene' OR NAME = Null"), Rows{"Xylene"});
+  EXPECT_EQ(names("NAME = 'Xylene' OR NAME = 'Toluene' AND NAME = '5'"), Rows{"Xylene"});
+  EXPECT_EQ(names("NAME = 'Xylene' OR CAS = '1'"), Rows{"Xylene"});
+  EXPECT_EQ(names("NOT (NAME = 'Xylene' OR NAME = 'Toluene')"), (Rows{"Benzene", "5"}));
+  EXPECT_EQ(names("NAME = 'Xylene' OR chemical.NAME = 'Toluene'"), (Rows{"Toluene", "Xylene"}));
+  EXPECT_EQ(names("NAME = 'Xylene' OR NAME <> 'Toluene' AND NAME <> '5'"), (Rows{"Benzene", "Xylene"}));
+}
+
 TEST_F(ReferenceQueries, AnApostropheInANameBreaksTheClause) {
   AddChemical("Stoddard's solvent");
   EXPECT_RUN_TIME_ERROR(reference.OpenQuery("Select * from Chemical where ((Chemical.NAME= 'Stoddard's solvent'))"),

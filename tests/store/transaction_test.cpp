@@ -56,6 +56,45 @@ TEST_F(TransactionTest, WorkWithoutACommitIsUndone) {
   EXPECT_TRUE(tanks.NoMatch());
 }
 
+TEST_F(TransactionTest, FlushedWorkIsStillUndoneOrCommitted) {
+  {
+    Transaction transaction(client);
+    AddTank("gone");
+    transaction.Flush();
+  }
+  EXPECT_EQ(Tanks(), 0);
+  {
+    Transaction transaction(client);
+    AddTank("kept");
+    transaction.Flush();
+    transaction.Commit();
+  }
+  EXPECT_EQ(Database::Open(client.Path())->OpenTable("tank").RecordCount(), 1);
+}
+
+TEST_F(TransactionTest, AFullDiskIsMetWhenFlushingAndNotFirstWhenCommitting) {
+  {
+    Transaction transaction(client);
+    for (int i = 0; i < 500; ++i) AddTank(std::string(200, 'x'));
+    const test::FileSizeLimit limit(std::filesystem::file_size(client.Path()));
+    EXPECT_RUN_TIME_ERROR(transaction.Flush(), ErrorNumber::kDiskFailure);
+  }
+  EXPECT_EQ(Tanks(), 0);
+  EXPECT_TRUE(client.IntegrityCheck());
+}
+
+TEST_F(TransactionTest, AReaderWhoHoldsTheFileUpIsMetWhenFlushing) {
+  const auto other = Database::Open(client.Path());
+  const Transaction reading(*other, Transaction::Purpose::kRead);
+  (void)other->OpenTable("tank").RecordCount();
+  {
+    Transaction transaction(client);
+    AddTank("gone");
+    EXPECT_RUN_TIME_ERROR(transaction.Flush(), ErrorNumber::kFileLocked);
+  }
+  EXPECT_EQ(Tanks(), 0);
+}
+
 TEST_F(TransactionTest, AnInnerTransactionIsPartOfTheOuterOne) {
   {
     const Transaction outer(client);
