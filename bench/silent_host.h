@@ -16,6 +16,7 @@ class SilentHost : public shell::Host {
   }
   std::string OpenFile(const shell::FileRequest&) override { return {}; }
   std::string SaveFile(const shell::FileRequest&) override { return {}; }
+  std::string ChooseFolder(const shell::FileRequest&) override { return {}; }
   void SetStatusText(const std::string&) override {}
   void SetPointer(shell::Pointer) override {}
   void Beep() override {}

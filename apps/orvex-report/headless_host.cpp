@@ -53,6 +53,7 @@ shell::Answer HeadlessHost::ShowMessage(const std::string& text, const std::stri
 void HeadlessHost::NoteFailure(const store::RunTimeError&) { failure_reported_ = true; }
 std::string HeadlessHost::OpenFile(const shell::FileRequest&) { CancelDialog(); }
 std::string HeadlessHost::SaveFile(const shell::FileRequest&) { CancelDialog(); }
+std::string HeadlessHost::ChooseFolder(const shell::FileRequest&) { CancelDialog(); }
 void HeadlessHost::SetStatusText(const std::string&) {}
 void HeadlessHost::SetPointer(shell::Pointer) {}
 void HeadlessHost::Beep() {}

@@ -36,6 +36,7 @@ class HeadlessHost : public shell::Host {
   void NoteFailure(const store::RunTimeError& error) override;
   std::string OpenFile(const shell::FileRequest& request) override;
   std::string SaveFile(const shell::FileRequest& request) override;
+  std::string ChooseFolder(const shell::FileRequest& request) override;
   void SetStatusText(const std::string& text) override;
   void SetPointer(shell::Pointer pointer) override;
   void Beep() override;

@@ -6,6 +6,7 @@
 #include "emission/arithmetic.h"
 #include "emission/fitting_counts.h"
 #include "emission/validation.h"
+#include "shell/choices.h"
 #include "shell/number_format.h"
 #include "shell/tank_types.h"
 
@@ -14,16 +15,8 @@ namespace {
 
 using std::string_view;
 
-constexpr auto kColours = std::to_array<string_view>(
-    {"White/White", "Aluminum/Specular", "Aluminum/Diffuse", "Gray/Light", "Gray/Medium", "Red/Primer"});
-constexpr auto kPaintConditions = std::to_array<string_view>({"Good", "Poor"});
-constexpr auto kShellConditions = std::to_array<string_view>({"Light Rust", "Dense Rust", "Gunite Lining"});
 constexpr auto kFixedRoofTypes = std::to_array<string_view>({"Dome", "Cone"});
 constexpr auto kFloatingRoofTypes = std::to_array<string_view>({"Pontoon", "Double Deck"});
-constexpr auto kFittingCategories = std::to_array<string_view>({"Detail", "Typical"});
-constexpr auto kDeckTypes = std::to_array<string_view>({"Bolted", "Welded"});
-constexpr auto kDeckConstructions = std::to_array<string_view>({"Panel", "Sheet"});
-constexpr auto kShellConstructions = std::to_array<string_view>({"Welded", "Riveted"});
 
 constexpr string_view kNoSecondarySeal = "None";
 
@@ -39,7 +32,7 @@ bool IsBlank(Validation& validation, string_view field) { return validation.tank
 
 template <const auto& kList>
 bool IsNotIn(Validation& validation, string_view field) {
-  return std::find(kList.begin(), kList.end(), validation.tank.TextOrEmpty(field)) == kList.end();
+  return std::ranges::find(kList, validation.tank.TextOrEmpty(field)) == std::ranges::end(kList);
 }
 
 template <const auto& kList>
@@ -60,7 +53,7 @@ bool IsBelowMaximumLiquidHeight(Validation& validation, string_view field) {
 bool HasBoltedDeck(Validation& validation) { return validation.tank.TextOrEmpty("DECK_TYPE") == "Bolted"; }
 
 bool LacksDeckConstruction(Validation& validation, string_view field) {
-  return HasBoltedDeck(validation) && IsNotIn<kDeckConstructions>(validation, field);
+  return HasBoltedDeck(validation) && IsNotIn<shell::kDeckConstructions>(validation, field);
 }
 
 bool LacksDeckSeam(Validation& validation, string_view field) {
@@ -116,8 +109,8 @@ constexpr Rule kHorizontalRules[] = {
     {IsZero, "DIAMETER", "Tank Diameter cannot be zero."},
     {IsZero, "HEIGHT S", "Shell length cannot be zero."},
     {IsNotPositive, "VOLUME", "Working volume must be specified."},
-    {IsAboveGroundAndNotIn<kColours>, "SHL COLSHD", "Shell color must be specified.", kClearsUsable},
-    {IsAboveGroundAndNotIn<kPaintConditions>, "PT_COND", "Paint condition must be specified.", kClearsUsable},
+    {IsAboveGroundAndNotIn<shell::kColors>, "SHL COLSHD", "Shell color must be specified.", kClearsUsable},
+    {IsAboveGroundAndNotIn<shell::kPaintConditions>, "PT_COND", "Paint condition must be specified.", kClearsUsable},
 };
 
 constexpr Rule kVerticalRules[] = {
@@ -128,26 +121,26 @@ constexpr Rule kVerticalRules[] = {
     {ExceedsMaximumLiquidHeight, "HEIGHT AL", "Average liquid height cannot exceed maximum liquid height."},
     {IsBelowMaximumLiquidHeight, "HEIGHT S", "Maximum liquid height cannot exceed shell height."},
     {IsZero, "VOLUME", "Tank volume cannot be zero."},
-    {IsNotIn<kColours>, "SHL COLSHD", "Shell color must be specified.", kClearsUsable},
-    {IsNotIn<kPaintConditions>, "PT_COND", "Paint condition must be specified.", kClearsUsable},
-    {IsNotIn<kColours>, "RF_COLSHD", "Shell color must be specified.", kClearsUsable},
-    {IsNotIn<kPaintConditions>, "RF_COND", "Roof condition must be specified.", kClearsUsable},
+    {IsNotIn<shell::kColors>, "SHL COLSHD", "Shell color must be specified.", kClearsUsable},
+    {IsNotIn<shell::kPaintConditions>, "PT_COND", "Paint condition must be specified.", kClearsUsable},
+    {IsNotIn<shell::kColors>, "RF_COLSHD", "Shell color must be specified.", kClearsUsable},
+    {IsNotIn<shell::kPaintConditions>, "RF_COND", "Roof condition must be specified.", kClearsUsable},
     {IsNotIn<kFixedRoofTypes>, "RF_TYPE", "Roof type must be specified."},
 };
 
 constexpr Rule kInternalRules[] = {
     {IsZero, "VOLUME", "Tank volume cannot be zero."},
     {IsZero, "DIAMETER", "Tank diameter cannot be zero."},
-    {IsNotIn<kColours>, "SHL COLSHD", "Shell color must be specified.", kClearsUsable},
-    {IsNotIn<kPaintConditions>, "PT_COND", "Paint condition must be specified.", kClearsUsable},
-    {IsNotIn<kShellConditions>, "SHL_COND", "Shell condition must be specified."},
-    {IsNotIn<kColours>, "RF_COLSHD", "Shell color must be specified.", kClearsUsable},
-    {IsNotIn<kPaintConditions>, "RF_COND", "Roof condition must be specified.", kClearsUsable},
+    {IsNotIn<shell::kColors>, "SHL COLSHD", "Shell color must be specified.", kClearsUsable},
+    {IsNotIn<shell::kPaintConditions>, "PT_COND", "Paint condition must be specified.", kClearsUsable},
+    {IsNotIn<shell::kShellConditions>, "SHL_COND", "Shell condition must be specified."},
+    {IsNotIn<shell::kColors>, "RF_COLSHD", "Shell color must be specified.", kClearsUsable},
+    {IsNotIn<shell::kPaintConditions>, "RF_COND", "Roof condition must be specified.", kClearsUsable},
     {IsBlank, "RIM_PRIM", "Primary seal type must be specified."},
     {LacksSecondarySeal, "RIM_SEC", "Secondary seal type must be specified."},
-    {IsNotIn<kFittingCategories>, "FITTING", "Roof fitting category must be specified."},
+    {IsNotIn<shell::kFittingCategories>, "FITTING", "Roof fitting category must be specified."},
     {CompleteColumns, "COL_NO", ""},
-    {IsNotIn<kDeckTypes>, "DECK_TYPE", "Tank volume cannot be zero."},
+    {IsNotIn<shell::kDeckTypes>, "DECK_TYPE", "Tank volume cannot be zero."},
     {LacksDeckConstruction, "DECK_CONSTRUCT", "Deck construction must be specified."},
     {LacksDeckSeam, "DECK_SEAM", "Deck seam type or deck seam length must be specified."},
     {HasNoFittings, "ID", "The tank must have fittings."},
@@ -156,13 +149,13 @@ constexpr Rule kInternalRules[] = {
 constexpr Rule kExternalRules[] = {
     {IsZero, "VOLUME", "Tank volume cannot be zero."},
     {IsZero, "DIAMETER", "Tank diameter cannot be zero."},
-    {IsNotIn<kColours>, "SHL COLSHD", "Shell Color must be specified.", kClearsUsable},
-    {IsNotIn<kPaintConditions>, "PT_COND", "Paint Condition must be specified.", kClearsUsable},
-    {IsNotIn<kShellConditions>, "SHL_COND", "Shell Condition must be specified."},
-    {IsNotIn<kShellConstructions>, "TANK_CONSTRUCT", "Tank construction must be specified."},
+    {IsNotIn<shell::kColors>, "SHL COLSHD", "Shell Color must be specified.", kClearsUsable},
+    {IsNotIn<shell::kPaintConditions>, "PT_COND", "Paint Condition must be specified.", kClearsUsable},
+    {IsNotIn<shell::kShellConditions>, "SHL_COND", "Shell Condition must be specified."},
+    {IsNotIn<shell::kConstructions>, "TANK_CONSTRUCT", "Tank construction must be specified."},
     {IsBlank, "RIM_PRIM", "Primary seal type must be specified."},
     {LacksSecondarySeal, "RIM_SEC", "Secondary seal type must be specified."},
-    {IsNotIn<kFittingCategories>, "FITTING", "Roof fitting category must be specified."},
+    {IsNotIn<shell::kFittingCategories>, "FITTING", "Roof fitting category must be specified."},
     {IsNotIn<kFloatingRoofTypes>, "RF_TYPE", "Roof Type must be specified."},
     {HasNoFittings, "ID", "The tank must have fittings."},
 };

@@ -2,17 +2,17 @@
 
 #include <fmt/format.h>
 
-#include <filesystem>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <system_error>
+#include <vector>
 
+#include "shell/database_names.h"
 #include "shell/status.h"
 #include "shell/table_copy.h"
 #include "shell/trap.h"
 #include "store/database_replacement.h"
-#include "store/letter_case.h"
 
 namespace orvex::shell {
 namespace {
@@ -30,58 +30,73 @@ constexpr Backup kTankBackup = {"Backup Tank Database To", " was Copied to ", &S
 constexpr Backup kClientBackup = {"Backup Client Database To", " was copied to ", &Session::ClientDb,
                                   &Session::ClientPath};
 
-constexpr std::string_view kFilter = "Access (*.mdb) |*.mdb|";
-/// Tables of the store's own, in files that other programs made.
-constexpr std::string_view kSystemTables = "msys";
-
-/// Whether a name is that of a database in use, however it is written.
-bool IsInUse(const Session& session, const std::string& name) {
-  for (const auto path : {&Session::TankPath, &Session::ClientPath}) {
-    std::error_code not_there;
-    if (store::EqualNoCase(name, session.*path) || std::filesystem::equivalent(name, session.*path, not_there))
-      return true;
+/// The tables to be copied, and how far the work on their records has come. All of them are copied first and then
+/// compared.
+class TablesToCopy {
+ public:
+  TablesToCopy(Host& host, store::Database& from) : host_(host), from_(from) {
+    for (const auto& name : from.TableNames()) {
+      if (IsSystemTable(name)) continue;
+      tables_.push_back({name, from.OpenTable(name).RecordCount()});
+      total_ += 2 * tables_.back().records;
+    }
   }
-  return false;
-}
 
-/// Asks until the name is none of a database in use.
-std::string AskForName(Session& session, const Backup& backup) {
-  FileRequest request;
-  request.title = backup.title;
-  request.file_name = "*.mdb";
-  request.folder = std::filesystem::path(session.*backup.path).parent_path();
-  request.filter = kFilter;
-  while (true) {
-    const std::string chosen = session.host.SaveFile(request);
-    std::string name = chosen.find('.') == std::string::npos ? chosen + ".MDB" : chosen;
-    if (!IsInUse(session, chosen) && !IsInUse(session, name)) return name;
-    Tell(session.host, "You cannot write the one of the data base paths currently in use.", Icon::kExclamation);
+  /// False when a table could not be copied, which the person has been told then.
+  bool Copy(Session& session, store::Database& to) {
+    for (const auto& table : tables_) {
+      const auto written = [&](std::int64_t records) { host_.Progress(done_ + records, total_); };
+      if (!CopyStruct(session, {from_, table.name}, {to, table.name}) ||
+          !CopyData(session, {from_, table.name}, {to, table.name}, written))
+        return false;
+      Finish(table);
+    }
+    return true;
   }
-}
 
-bool CopyTables(Session& session, store::Database& from, store::Database& to) {
-  // One view of the file for all tables.
-  const store::Transaction view(from, store::Transaction::Purpose::kRead);
-  for (const auto& table : from.TableNames()) {
-    if (store::LowerCase(table).starts_with(kSystemTables)) continue;
-    if (!CopyStruct(session, {from, table}, {to, table}) || !CopyData(session, {from, table}, {to, table}))
-      return false;
+  void Compare(store::Database& to) {
+    for (const auto& table : tables_) {
+      RequireSameData({from_, table.name}, {to, table.name},
+                      [&](std::int64_t records) { host_.Progress(done_ + records, total_); });
+      Finish(table);
+    }
   }
-  return true;
-}
+
+ private:
+  struct Table {
+    std::string name;
+    std::int64_t records;
+  };
+  void Finish(const Table& table) {
+    done_ += table.records;
+    host_.Progress(done_, total_);
+  }
+
+  Host& host_;
+  store::Database& from_;
+  std::vector<Table> tables_;
+  std::int64_t done_ = 0, total_ = 0;
+};
 
 void Run(Session& session, const Backup& backup) {
   const BusyScope busy(session, "Processing");
   Trapped(session, "MDIForm1.", [&] {
     if (!(session.*backup.database))
       throw store::RunTimeError(store::ErrorNumber::kObjectClosed, "The database to be copied is not open.");
-    const std::string name = AskForName(session, backup);
+    store::Database& from = *(session.*backup.database);
+    const std::string name = AskForNewDatabase(session, backup.title, session.*backup.path);
     // An older backup of that name goes when the new one is complete.
     store::DatabaseReplacement copy(name);
-    if (!CopyTables(session, *(session.*backup.database), copy.New())) {
-      copy.KeepUnfinished();
-      // What was wrong has been told.
-      throw store::RunTimeError(store::ErrorNumber::kNone, "");
+    {
+      // One view of the file for all tables.
+      const store::Transaction view(from, store::Transaction::Purpose::kRead);
+      TablesToCopy tables(session.host, from);
+      if (!tables.Copy(session, copy.New())) {
+        copy.KeepUnfinished();
+        // What was wrong has been told.
+        throw store::RunTimeError(store::ErrorNumber::kNone, "");
+      }
+      copy.Check([&](store::Database& written) { tables.Compare(written); });
     }
     copy.Commit();
     Tell(session.host, fmt::format("{}{}{}.", session.*backup.path, backup.copied, name));

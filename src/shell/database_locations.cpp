@@ -28,11 +28,22 @@ constexpr DialogText DialogTextOf(DatabaseKind kind) {
 
 }  // namespace
 
+void RequireTables(DatabaseKind kind, store::Database& database) {
+  const auto tables = kind == DatabaseKind::kTank ? store::TestedReferenceTables() : store::ClientTables();
+  for (const auto& table : tables) (void)database.OpenTable(table.name);
+}
+
 std::unique_ptr<store::Database> OpenGoodDatabase(DatabaseKind kind, const std::string& path) {
   auto database = store::Database::Open(path);
-  const auto tables = kind == DatabaseKind::kTank ? store::TestedReferenceTables() : store::ClientTables();
-  for (const auto& table : tables) (void)database->OpenTable(table.name);
+  RequireTables(kind, *database);
   return database;
+}
+
+std::string CurrentPath(const Session& session, DatabaseKind kind) {
+  const bool tank = kind == DatabaseKind::kTank;
+  const auto& path = tank ? session.TankPath : session.ClientPath;
+  if (!path.empty()) return path;
+  return tank ? TankPathSetting(session) : ClientPathSetting(session);
 }
 
 void ShowPath(Session& session, DatabaseKind kind) {

@@ -13,9 +13,15 @@ namespace orvex::shell {
 
 enum class DatabaseKind { kTank, kClient };
 
-/// Opens a file and all tables of its list, one after the other. Errors: those of `store::Database::Open`, and 3011
-/// for the first table that is not there.
+/// Opens all tables of a kind's list, one after the other; error 3011 for the first one that is not there.
+void RequireTables(DatabaseKind kind, store::Database& database);
+
+/// Opens a file and all tables of its list. Errors: those of `store::Database::Open`, and 3011.
 std::unique_ptr<store::Database> OpenGoodDatabase(DatabaseKind kind, const std::string& path);
+
+/// Where a database is or, while it is not open, should be. A start that ended early may not have come to it: then the
+/// path of the settings.
+std::string CurrentPath(const Session& session, DatabaseKind kind);
 
 /// Shows the path in its panel, opens the good file there and keeps both in the session. When it fails, the path stays
 /// shown and kept, and the database that was open before stays open.

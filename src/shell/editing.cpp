@@ -13,9 +13,18 @@ namespace {
 
 namespace fs = std::filesystem;
 
-store::Database& DatabaseOf(const Session& session, DatabaseKind kind) {
-  return kind == DatabaseKind::kTank ? *session.ReferenceDb : *session.ClientDb;
+fs::path PathOf(const Session& session, DatabaseKind kind) {
+  const auto& database = kind == DatabaseKind::kTank ? session.ReferenceDb : session.ClientDb;
+  return database ? database->Path() : fs::path(CurrentPath(session, kind));
 }
+
+std::weak_ptr<store::LockFile>& Held(Session& session, DatabaseKind kind) {
+  return session.editing.at(static_cast<std::size_t>(kind));
+}
+
+/// The words for a database, and for what it is edited in.
+std::string_view WordOf(DatabaseKind kind) { return kind == DatabaseKind::kTank ? "tank" : "client"; }
+std::string_view WindowOf(DatabaseKind kind) { return kind == DatabaseKind::kTank ? "window" : "tank"; }
 
 }  // namespace
 
@@ -27,9 +36,9 @@ fs::path EditingPath(const fs::path& database) {
 }
 
 std::shared_ptr<store::LockFile> TryEditing(Session& session, DatabaseKind kind) {
-  auto& held = session.editing.at(static_cast<std::size_t>(kind));
+  auto& held = Held(session, kind);
   if (auto editing = held.lock()) return editing;
-  auto taken = store::LockFile::Take(EditingPath(DatabaseOf(session, kind).Path()));
+  auto taken = store::LockFile::Take(EditingPath(PathOf(session, kind)));
   held = taken;
   return taken;
 }
@@ -37,13 +46,21 @@ std::shared_ptr<store::LockFile> TryEditing(Session& session, DatabaseKind kind)
 std::shared_ptr<store::LockFile> BeginEditing(Session& session, DatabaseKind kind) {
   auto editing = TryEditing(session, kind);
   if (editing) return editing;
-  const bool tank = kind == DatabaseKind::kTank;
   Tell(session.host,
        fmt::format("The {} database {} is being edited by another program. Nothing was changed. Close the {} there, "
                    "then try again.",
-                   tank ? "tank" : "client", DatabaseOf(session, kind).Path().string(), tank ? "window" : "tank"),
+                   WordOf(kind), PathOf(session, kind).string(), WindowOf(kind)),
        Icon::kExclamation);
   return editing;
+}
+
+bool IsEditedHere(Session& session, DatabaseKind kind) {
+  if (Held(session, kind).expired()) return false;
+  Tell(session.host,
+       fmt::format("The {} database {} is being edited. Nothing was changed. Close the {} first, then try again.",
+                   WordOf(kind), PathOf(session, kind).string(), WindowOf(kind)),
+       Icon::kExclamation);
+  return true;
 }
 
 }  // namespace orvex::shell

@@ -15,12 +15,16 @@ namespace orvex::shell {
 /// The file beside a database, behind links the database itself.
 std::filesystem::path EditingPath(const std::filesystem::path& database);
 
-/// The right to edit that database of the session, for as long as the result lives; inside a command that has it
-/// already, the same. If another program has it the person is told, and the result is null: the command ends, with
-/// nothing changed.
+/// The right to edit that database of the session, or the file that stands where it should be, for as long as the
+/// result lives; inside a command that has it already, the same. If another program has it the person is told, and the
+/// result is null: the command ends, with nothing changed.
 [[nodiscard]] std::shared_ptr<store::LockFile> BeginEditing(Session& session, DatabaseKind kind);
 
-/// The same without a word.
+/// Whether a window of this program is editing that database. Its file must not go from under it: the person is told
+/// to close the window first.
+[[nodiscard]] bool IsEditedHere(Session& session, DatabaseKind kind);
+
+/// The same as `BeginEditing` without a word.
 [[nodiscard]] std::shared_ptr<store::LockFile> TryEditing(Session& session, DatabaseKind kind);
 
 }  // namespace orvex::shell

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "store/blanks.h"
 #include "store/number_text.h"
 #include "store/run_time_error.h"
 
@@ -10,12 +11,6 @@ namespace {
 
 constexpr std::string_view kDigits = "0123456789";
 constexpr std::size_t kGroup = 3;
-
-std::string_view WithoutBlanks(std::string_view text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
 
 /// The digits in front of the decimal point without their commas; nothing when a comma does not part groups of three.
 std::optional<std::string> WholePart(std::string_view text) {
@@ -36,7 +31,7 @@ std::optional<std::string> WholePart(std::string_view text) {
 }  // namespace
 
 std::optional<double> ParseEntryNumber(std::string_view text) {
-  text = WithoutBlanks(text);
+  text = store::WithoutBlanks(text);
   const bool negative = text.starts_with('-');
   if (negative || text.starts_with('+')) text.remove_prefix(1);
   // A second sign would be taken for the number's own below.

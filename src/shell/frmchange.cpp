@@ -84,9 +84,8 @@ Outcome Change(Session& session, const Steps& changed, const Steps& other, const
 FrmChange OpenFrmChange(Session& session) {
   session.host.CloseOtherWindows(kFrmChangeText.name);
   FrmChange model;
-  // A start that ended early has not come to the client database.
-  model.txtTankData.text = session.TankPath.empty() ? TankPathSetting(session) : session.TankPath;
-  model.txtClientData.text = session.ClientPath.empty() ? ClientPathSetting(session) : session.ClientPath;
+  model.txtTankData.text = CurrentPath(session, DatabaseKind::kTank);
+  model.txtClientData.text = CurrentPath(session, DatabaseKind::kClient);
   return model;
 }
 

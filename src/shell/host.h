@@ -37,6 +37,8 @@ class Host {
   /// Path chosen; throws error 32755 when the dialog was cancelled.
   virtual std::string OpenFile(const FileRequest& request) = 0;
   virtual std::string SaveFile(const FileRequest& request) = 0;
+  /// Path of the folder chosen, as for `OpenFile`; only title and folder of the request are used.
+  virtual std::string ChooseFolder(const FileRequest& request) = 0;
   virtual void SetStatusText(const std::string& text) = 0;
   virtual void SetPointer(Pointer pointer) = 0;
   /// The path of a database for its panel of the status line. A program without one has nothing to do.

@@ -61,10 +61,16 @@ struct Session {
   /// The condition that picks the rows of the report: of `emission` those of the last run's tanks, of a reference table
   /// those that were chosen, there with its fields in braces; empty for the whole table.
   std::string ReportFilter;
+  std::string ReportCondition;    ///< of a reference table: the same for a query, without braces
   std::string ReportSource;       ///< of a reference table: its name, or a query on it
   std::string ReportSourceKind;   ///< "dbOpenTable" or "dbOpenDynaset"
   std::string ReportMonthText;    ///< the chosen months' names
   bool ValidationFailed = false;  ///< at least one error row was written
+
+  // The export of a table to a file, as its three windows leave it.
+  std::string ExportFormat = "gnNONE";  ///< token of the format; "gnNONE" when the person chose none
+  std::string ExportTarget;             ///< path of the file; empty when the person chose none
+  std::string ExportTable;              ///< the table that is exported, then its name in the target
 };
 
 }  // namespace orvex::shell

@@ -3,6 +3,8 @@
 #include "shell/backup.h"
 #include "shell/command.h"
 #include "shell/fix_data.h"
+#include "shell/new_client.h"
+#include "shell/restore.h"
 
 namespace orvex::shell {
 
@@ -17,11 +19,14 @@ inline constexpr Command kBackupClientCommand = {"mnuBackupClient", BackupClient
 
 /// The commands that need no layer above this one.
 inline constexpr Command kShellCommands[] = {
+    {"mnuNewClient", NewClient, Needs::kClientDatabase},
     {"mnuChangeDBLOc", ChangeDatabaseLocations, Needs::kNothing},
     {"mnuFixData", FixData, Needs::kTankDatabase},
     {"mnuExit", ExitProgram, Needs::kNothing},
     kBackupTankCommand,
     kBackupClientCommand,
+    {"mnuRestoreTank", RestoreTank, Needs::kNothing},
+    {"mnuRestoreClient", RestoreClient, Needs::kNothing},
     {"mnuContents", ShowHelpContents, Needs::kNothing},
     {"mnuSearchHelp", SearchHelp, Needs::kNothing},
     {"mnuAbout", ShowAbout, Needs::kNothing},

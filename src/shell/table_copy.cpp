@@ -1,12 +1,8 @@
 #include "shell/table_copy.h"
 
-#include <optional>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "shell/status.h"
 #include "shell/trap.h"
+#include "store/row_copy.h"
 
 namespace orvex::shell {
 namespace {
@@ -24,26 +20,26 @@ bool CopyStruct(Session& session, const TableOf& source, const TableOf& target) 
   });
 }
 
-bool CopyData(Session& session, const TableOf& source, const TableOf& target) {
+bool CopyData(Session& session, const TableOf& source, const TableOf& target, const RecordsDone& written) {
   const BusyScope busy(session, "Copying data");
   return Trapped(session, "mDatabase.CopyData", false, [&] {
-    auto from = source.database.OpenTable(source.table);
-    auto to = target.database.OpenTable(target.table);
-    std::vector<std::string> fields;
-    for (int i = 0; i < from.FieldCount(); ++i) fields.push_back(from.FieldName(i));
-    std::optional<store::Transaction> transaction(std::in_place, target.database);
-    int records = 0;
-    for (; !from.AtEnd(); from.MoveNext()) {
-      to.AddNew();
-      for (int i = 0; const auto& field : fields) to.Set(field, from.Get(i++));
-      to.Update();
-      if (++records % kRecordsAtOnce != 0) continue;
-      transaction->Commit();
-      transaction.emplace(target.database);
+    store::RowCopy copy(source.database, source.table, target.database, target.table);
+    std::int64_t records = 0;
+    for (bool more = true; more;) {
+      store::Transaction transaction(target.database);
+      more = copy.Add(kRecordsAtOnce);
+      transaction.Commit();
+      records += kRecordsAtOnce;
+      if (more && written) written(records);
     }
-    transaction->Commit();
     return true;
   });
+}
+
+void RequireSameData(const TableOf& source, const TableOf& target, const RecordsDone& compared) {
+  store::RowCopy copy(source.database, source.table, target.database, target.table);
+  for (std::int64_t records = kRecordsAtOnce; copy.Compare(kRecordsAtOnce); records += kRecordsAtOnce)
+    compared(records);
 }
 
 }  // namespace orvex::shell

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <string>
 
 #include "shell/session.h"
@@ -17,8 +19,14 @@ struct TableOf {
 /// it failed, which the person has been told then.
 bool CopyStruct(Session& session, const TableOf& source, const TableOf& target);
 
+/// Called with the number of records that are done.
+using RecordsDone = std::function<void(std::int64_t)>;
+
 /// Adds all records of the source to the target, whose fields have the same names. Written after each 1000 records; a
 /// failure undoes the last of them. False when it failed, which the person has been told then.
-bool CopyData(Session& session, const TableOf& source, const TableOf& target);
+bool CopyData(Session& session, const TableOf& source, const TableOf& target, const RecordsDone& written = {});
+
+/// Error 3049 unless the records of the target are what `CopyData` makes of those of the source.
+void RequireSameData(const TableOf& source, const TableOf& target, const RecordsDone& compared);
 
 }  // namespace orvex::shell

@@ -95,22 +95,47 @@ QString Filters(const std::string& filter) {
 
 bool IsPattern(const std::string& file_name) { return file_name.find_first_of("*?") != std::string::npos; }
 
+/// The folder asked for may be one of another computer, or gone. Then the dialog opens where the last one chose.
+void OpenIn(QFileDialog& dialog, const shell::FileRequest& request) {
+  const auto folder = Shown(request.folder);
+  if (QFileInfo(folder).isDir()) dialog.setDirectory(folder);
+}
+
+/// Path chosen, whose folder the toolkit is told for the next dialog.
+std::string Chosen(QFileDialog& dialog) {
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+    throw store::RunTimeError(store::ErrorNumber::kDialogCancelled, "The dialog was cancelled.");
+  const auto path = dialog.selectedFiles().front();
+  dialog.setDirectory(QFileInfo(path).absolutePath());
+  return Bytes(path);
+}
+
 std::string AskForFile(QWidget* parent, const shell::FileRequest& request, QFileDialog::AcceptMode mode) {
   const UsualPointer pointer;
-  QFileDialog dialog(parent, Shown(request.title), Shown(request.folder), Filters(request.filter));
+  QFileDialog dialog(parent, Shown(request.title), QString(), Filters(request.filter));
   dialog.setObjectName(QStringLiteral("file_dialog"));
+  OpenIn(dialog, request);
   dialog.setAcceptMode(mode);
   dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
   // The commands tell themselves what becomes of a file that is there.
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
   dialog.setLabelText(QFileDialog::Accept,
                       mode == QFileDialog::AcceptOpen ? QObject::tr("&Open") : QObject::tr("&Save"));
-  dialog.setDefaultSuffix(Shown(request.default_extension));
+  const auto extension = Shown(request.default_extension);
+  dialog.setDefaultSuffix(extension.startsWith(QLatin1String("*.")) ? extension.mid(2) : extension);
   // A pattern names no file: the filter says it already.
   if (!request.file_name.empty() && !IsPattern(request.file_name)) dialog.selectFile(Shown(request.file_name));
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-    throw store::RunTimeError(store::ErrorNumber::kDialogCancelled, "The dialog was cancelled.");
-  return Bytes(dialog.selectedFiles().front());
+  return Chosen(dialog);
+}
+
+std::string AskForFolder(QWidget* parent, const shell::FileRequest& request) {
+  const UsualPointer pointer;
+  QFileDialog dialog(parent, Shown(request.title));
+  dialog.setObjectName(QStringLiteral("file_dialog"));
+  OpenIn(dialog, request);
+  dialog.setFileMode(QFileDialog::Directory);
+  dialog.setOption(QFileDialog::ShowDirsOnly);
+  return Chosen(dialog);
 }
 
 }  // namespace
@@ -159,6 +184,8 @@ std::string DesktopHost::OpenFile(const shell::FileRequest& request) {
 std::string DesktopHost::SaveFile(const shell::FileRequest& request) {
   return AskForFile(Top(), request, QFileDialog::AcceptSave);
 }
+
+std::string DesktopHost::ChooseFolder(const shell::FileRequest& request) { return AskForFolder(Top(), request); }
 
 void DesktopHost::SetStatusText(const std::string& text) {
   if (main_window_ == nullptr) return;

@@ -37,6 +37,7 @@ class DesktopHost : public shell::Host {
                             shell::Icon icon) override;
   std::string OpenFile(const shell::FileRequest& request) override;
   std::string SaveFile(const shell::FileRequest& request) override;
+  std::string ChooseFolder(const shell::FileRequest& request) override;
   void SetStatusText(const std::string& text) override;
   void SetPointer(shell::Pointer pointer) override;
   void SetPathPanel(shell::PathPanel panel, const std::string& text) override;

@@ -54,6 +54,7 @@ class Life : public shell::Host {
                             shell::Icon icon) override;
   std::string OpenFile(const shell::FileRequest&) override { throw Broken("a file was asked for"); }
   std::string SaveFile(const shell::FileRequest&) override { throw Broken("a file was asked for"); }
+  std::string ChooseFolder(const shell::FileRequest&) override { throw Broken("a folder was asked for"); }
   void SetStatusText(const std::string& text) override { status_ = text; }
   void SetPointer(shell::Pointer pointer) override { pointer_ = pointer; }
   void Beep() override {}

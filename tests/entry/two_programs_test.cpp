@@ -1,6 +1,8 @@
 #include "entry/frmrecdelete.h"
 #include "entry/lifecycle_fixture.h"
 #include "shell/editing.h"
+#include "shell/new_client.h"
+#include "shell/restore.h"
 #include "support/child_process.h"
 
 namespace orvex::entry {
@@ -63,6 +65,36 @@ TEST_F(TwoPrograms, TheSecondDeletesNothingWhileTheFirstEdits) {
     ClickDelete(second_, window);
     EXPECT_EQ(Count("tank"), 1);
     EXPECT_EQ(second_host_.status.back(), "Ready");
+  });
+}
+
+TEST_F(TwoPrograms, TheSecondRestoresNothingWhileTheFirstEdits) {
+  const auto ID = StoreTank(shell::kHorizontal, "T1");
+  const auto backup = session_.ClientPath + ".backup";
+  store::Database::Create(backup, store::ClientTables());
+  EditTank(ID, shell::kHorizontal, [&](FrmTank&) {
+    second_host_.ChooseFile(backup);
+    ExpectToBeTold();
+    shell::RestoreClient(second_);
+    EXPECT_EQ(Count("tank"), 1);
+  });
+  // Nor while the first one merely has it open.
+  second_host_.ChooseFile(backup);
+  second_host_.ExpectError(3260, "MDIForm1.");
+  shell::RestoreClient(second_);
+  ExpectFree();
+  EXPECT_EQ(Count("tank"), 1);
+}
+
+TEST_F(TwoPrograms, ATankThatIsOpenKeepsItsOwnProgramFromReplacingTheDatabase) {
+  const auto ID = StoreTank(shell::kHorizontal, "T1");
+  EditTank(ID, shell::kHorizontal, [&](FrmTank&) {
+    for (const auto command : {shell::RestoreClient, shell::NewClient}) {
+      host_.ExpectMessage("The client database " + session_.ClientPath +
+                          " is being edited. Nothing was changed. Close the tank first, then try again.");
+      command(session_);
+    }
+    EXPECT_EQ(Count("tank"), 1);
   });
 }
 

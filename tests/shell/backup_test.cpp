@@ -1,6 +1,11 @@
 #include "shell/backup.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+
 #include "shell/database_files_fixture.h"
+#include "shell/restore.h"
 #include "store/raw_file.h"
 #include "support/file_size_limit.h"
 #include "support/ordinary_person.h"
@@ -97,24 +102,8 @@ TEST_F(BackupTest, ABackupIsAGoodDatabase) {
 }
 
 TEST_F(BackupTest, TheDialogAndTheStatusAreAsTheyShouldBe) {
-  host_.ChooseFile("");
-  host_.ChooseFile("");
-  BackupTank(session_);
-  BackupClient(session_);
-  ASSERT_EQ(host_.file_requests.size(), 2U);
-  EXPECT_EQ(host_.file_requests[0].title, "Backup Tank Database To");
-  EXPECT_EQ(host_.file_requests[1].title, "Backup Client Database To");
-  for (const auto& request : host_.file_requests) {
-    EXPECT_EQ(request.file_name, "*.mdb");
-    EXPECT_EQ(request.filter, "Access (*.mdb) |*.mdb|");
-    EXPECT_EQ(request.folder, folder_.Path());
-  }
-  EXPECT_EQ(host_.status,
-            (std::vector<std::string>{"Processing, please wait...", "Ready", "Processing, please wait...", "Ready"}));
-  // Both dialogs were cancelled, and nothing was told or written.
-  EXPECT_TRUE(host_.messages.empty());
+  ExpectCancelledDialogs(BackupTank, "Backup Tank Database To", BackupClient, "Backup Client Database To");
   EXPECT_EQ(test::EntryCount(folder_.Path()), 2);
-  ExpectRestored();
 }
 
 TEST_F(BackupTest, TheStatusTellsOfEachTable) {
@@ -263,6 +252,86 @@ TEST_F(BackupTest, ADatabaseThatAnotherProgramWritesIsToldAndKeepsTheOlderBackup
   BackupClient(session_);
   EXPECT_EQ(test::FileContent(name_), "an older backup");
   EXPECT_EQ(test::EntryCount(folder_.Path()), 3);
+}
+
+TEST_F(BackupTest, AnOlderBackupThatAnotherProgramHasOpenIsKept) {
+  const auto other = OtherClient();
+  test::RawFile theirs(other);
+  ExpectFailure(other, 3260);
+  // Nothing of what the other one does later is lost.
+  theirs.Run(R"(INSERT INTO tank ("USER ID") VALUES ('theirs'))");
+  EXPECT_EQ(Database::Open(other)->OpenTable("tank").RecordCount(), 2);
+}
+
+TEST_F(BackupTest, AnOlderBackupThatIsWriteProtectedIsKept) {
+  test::WriteFile(name_, "an older backup");
+  for (const auto& file : {tank_, client_}) fs::permissions(file, fs::perms{0666});
+  fs::permissions(name_, fs::perms{0444});
+  EXPECT_TRUE(test::AsOrdinaryPerson(folder_.Path(), test::kOpenFolder, [&] { ExpectFailure(name_, 3043); }));
+}
+
+TEST_F(BackupTest, ThePersonSeesHowFarItIs) {
+  {
+    store::Transaction transaction(*session_.ClientDb);
+    for (int i = 0; i < 2500; ++i) test::AddRow(*session_.ClientDb, "fittings", {{"ID", i}, {"FIT ID", 1}});
+    transaction.Commit();
+  }
+  host_.ChooseFile(name_);
+  ExpectCopied(name_);
+  ASSERT_FALSE(host_.progress.empty());
+  // All records are copied and read back: 2500 fittings and 30 tanks, twice.
+  constexpr std::int64_t kTotal = 2 * (2500 + 30);
+  for (const auto& [done, total] : host_.progress) {
+    EXPECT_EQ(total, kTotal);
+    EXPECT_LE(done, total);
+  }
+  EXPECT_TRUE(std::is_sorted(host_.progress.begin(), host_.progress.end()));
+  EXPECT_EQ(host_.progress.back().first, kTotal);
+  EXPECT_NE(
+      std::find(host_.progress.begin(), host_.progress.end(), std::pair<std::int64_t, std::int64_t>(1000, kTotal)),
+      host_.progress.end())
+      << "after each 1000 records";
+}
+
+/// The person who stops a command when it has told so often how far it is.
+class StoppingHost : public test::ScriptedHost {
+ public:
+  explicit StoppingHost(int after) : left_(after) {}
+  void Progress(std::int64_t, std::int64_t) override {
+    if (left_-- == 0) throw Interrupted();
+  }
+
+ private:
+  int left_;
+};
+
+TEST_F(BackupTest, AStoppedOneKeepsTheOlderBackupAtWhateverMomentItIsStopped) {
+  // Each table tells once when it is copied and once when it is read back.
+  for (int moment = 0; moment < 12; ++moment) {
+    SCOPED_TRACE(moment);
+    test::WriteFile(name_, "an older backup");
+    StoppingHost host(moment);
+    Session session(host);
+    OpenClientDatabase(session, client_);
+    host.ChooseFile(name_);
+    EXPECT_THROW(BackupClient(session), Interrupted);
+    EXPECT_EQ(test::FileContent(name_), "an older backup");
+    EXPECT_EQ(test::EntryCount(folder_.Path()), 3);
+    EXPECT_EQ(host.status.back(), "Ready");
+    // The database in use is not held on to.
+    test::AddRow(*session_.ClientDb, "tank", {{"USER ID", "later"}});
+  }
+}
+
+TEST_F(BackupTest, ABackupCanBeRestored) {
+  host_.ChooseFile(name_);
+  ExpectCopied(name_);
+  (void)session_.ClientDb->Execute("DELETE * FROM tank");
+  host_.ChooseFile(name_);
+  ExpectPlain(client_ + " was restored from " + name_ + ".");
+  RestoreClient(session_);
+  ExpectSameContent(*session_.ClientDb, *Database::Open(name_));
+  EXPECT_EQ(session_.ClientDb->OpenTable("tank").RecordCount(), 30);
 }
 
 TEST_F(BackupTest, WithoutADatabaseItIsToldSo) {

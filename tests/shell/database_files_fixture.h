@@ -59,6 +59,27 @@ class DatabaseFilesFixture : public testing::Test {
     EXPECT_EQ(host_.status.back(), "Ready");
   }
 
+  /// Runs two commands whose file dialogs are cancelled: these must have been asked so, and nothing told.
+  void ExpectCancelledDialogs(void (*for_tank)(shell::Session&), const std::string& tank_title,
+                              void (*for_client)(shell::Session&), const std::string& client_title) {
+    host_.ChooseFile("");
+    host_.ChooseFile("");
+    for_tank(session_);
+    for_client(session_);
+    ASSERT_EQ(host_.file_requests.size(), 2U);
+    EXPECT_EQ(host_.file_requests[0].title, tank_title);
+    EXPECT_EQ(host_.file_requests[1].title, client_title);
+    for (const auto& request : host_.file_requests) {
+      EXPECT_EQ(request.file_name, "*.mdb");
+      EXPECT_EQ(request.filter, "Access (*.mdb) |*.mdb|");
+      EXPECT_EQ(request.folder, folder_.Path());
+    }
+    EXPECT_EQ(host_.status,
+              (std::vector<std::string>{"Processing, please wait...", "Ready", "Processing, please wait...", "Ready"}));
+    EXPECT_TRUE(host_.messages.empty());
+    ExpectRestored();
+  }
+
   [[nodiscard]] std::string Setting(std::string_view key) const {
     return session_.settings.GetSetting(shell::kSettingsApplication, shell::kStartupSection, key, "(none)");
   }

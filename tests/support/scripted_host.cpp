@@ -111,5 +111,6 @@ std::string ScriptedHost::NextFile(const shell::FileRequest& request) {
 
 std::string ScriptedHost::OpenFile(const shell::FileRequest& request) { return NextFile(request); }
 std::string ScriptedHost::SaveFile(const shell::FileRequest& request) { return NextFile(request); }
+std::string ScriptedHost::ChooseFolder(const shell::FileRequest& request) { return NextFile(request); }
 
 }  // namespace orvex::test

@@ -34,6 +34,7 @@ class ScriptedHost : public shell::Host {
                             shell::Icon icon) override;
   std::string OpenFile(const shell::FileRequest& request) override;
   std::string SaveFile(const shell::FileRequest& request) override;
+  std::string ChooseFolder(const shell::FileRequest& request) override;
   void SetStatusText(const std::string& text) override {
     status.push_back(text);
     steps.push_back("status " + text);

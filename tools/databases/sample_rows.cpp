@@ -4,7 +4,7 @@
 #include <span>
 
 #include "databases/rules.h"
-#include "shell/tank_types.h"
+#include "shell/choices.h"
 
 namespace orvex::databases {
 namespace {
@@ -14,39 +14,24 @@ struct WordList {
   std::span<const std::string_view> words;
 };
 
-constexpr std::string_view kTankTypes[] = {shell::kVerticalFixedRoof, shell::kHorizontal, shell::kInternalFloatingRoof,
-                                           shell::kExternalFloatingRoof, shell::kDomedExternalFloatingRoof};
-constexpr std::string_view kColors[] = {"White/White", "Aluminum/Specular", "Aluminum/Diffuse",
-                                        "Gray/Light",  "Gray/Medium",       "Red/Primer"};
-constexpr std::string_view kPaintConditions[] = {"Good", "Poor"};
-constexpr std::string_view kShellConditions[] = {"Light Rust", "Dense Rust", "Gunite Lining"};
-constexpr std::string_view kRoofTypes[] = {"Cone", "Dome", "Pontoon", "Double Deck"};
-constexpr std::string_view kFittingCategories[] = {"Typical", "Detail"};
-constexpr std::string_view kDeckTypes[] = {"Bolted", "Welded"};
-constexpr std::string_view kDeckConstructions[] = {"Sheet", "Panel"};
-constexpr std::string_view kShellConstructions[] = {"Welded", "Riveted"};
 constexpr WordList kTankWords[] = {
-    {"TANK_TYPE", kTankTypes},
-    {"SHL COLSHD", kColors},
-    {"RF_COLSHD", kColors},
-    {"PT_COND", kPaintConditions},
-    {"RF_COND", kPaintConditions},
-    {"SHL_COND", kShellConditions},
-    {"RF_TYPE", kRoofTypes},
-    {"FITTING", kFittingCategories},
-    {"DECK_TYPE", kDeckTypes},
-    {"DECK_CONSTRUCT", kDeckConstructions},
-    {"TANK_CONSTRUCT", kShellConstructions},
+    {"TANK_TYPE", shell::kTankTypes},
+    {"SHL COLSHD", shell::kColors},
+    {"RF_COLSHD", shell::kColors},
+    {"PT_COND", shell::kPaintConditions},
+    {"RF_COND", shell::kPaintConditions},
+    {"SHL_COND", shell::kShellConditions},
+    {"RF_TYPE", shell::kRoofTypes},
+    {"FITTING", shell::kFittingCategories},
+    {"DECK_TYPE", shell::kDeckTypes},
+    {"DECK_CONSTRUCT", shell::kDeckConstructions},
+    {"TANK_CONSTRUCT", shell::kConstructions},
 };
 
-constexpr std::string_view kCategories[] = {shell::kOrganicLiquids, shell::kPetroleumDistillates, shell::kCrudeOils};
-constexpr std::string_view kComponentChoices[] = {shell::kSingle, shell::kMultiple};
-constexpr std::string_view kSpeciations[] = {shell::kFullSpeciation, shell::kPartialSpeciation,
-                                             shell::kVaporWeightSpeciation, shell::kNoSpeciation};
 constexpr WordList kMixtureWords[] = {
-    {"C_CATEGORY", kCategories},
-    {"COMPONENT", kComponentChoices},
-    {"SPEC_OPT", kSpeciations},
+    {"C_CATEGORY", shell::kCategories},
+    {"COMPONENT", shell::kComponentKinds},
+    {"SPEC_OPT", shell::kSpeciations},
 };
 
 /// A field that a tank needs not have may be null; otherwise it holds one of its words.
