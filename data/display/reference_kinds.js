@@ -6,7 +6,8 @@
   const {labels, referenceFields} = orvex;
 
   // `table` tells the fields, and `named` how many of its first texts it takes to name a record; `groups` puts
-  // neighbours whose labels begin with the same words under one heading.
+  // neighbours whose labels begin with the same words under one heading; `of` is what the rows are part of, where that
+  // is no reference data.
   const kinds = {
     Chemical: {title: 'Chemical Report', table: 'chemical', one: 'chemical', many: 'chemicals',
       groups: ['Vapor pressure', 'Antoine coefficient', 'Coefficient']},
@@ -18,6 +19,8 @@
     Deck: {title: 'Deck Seam Report', table: 'deckseam', one: 'deck seam', many: 'deck seams',
       groups: ['Panel']},
     Profile: {title: 'Speciation Profile Report', table: 'profile names', one: 'profile', many: 'profiles', groups: []},
+    Import: {title: 'Import Report', table: 'import errors', one: 'message', many: 'messages', named: 2, groups: [],
+      of: 'Log of the last import'},
   };
 
   // What a report counts by, and what only ties the rows of two tables: neither tells a person anything.

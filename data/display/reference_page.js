@@ -62,8 +62,9 @@
   }
 
   function titleBlock(model) {
+    const {of = 'Reference data'} = reference.kinds[model.kind];
     return element('header', {class: 'title-block'}, element('h1', {}, model.title),
-        element('p', {class: 'subtitle'}, `Reference data: ${reference.countText(model.kind, model.records.length)}`));
+        element('p', {class: 'subtitle'}, `${of}: ${reference.countText(model.kind, model.records.length)}`));
   }
 
   function content(model) {

@@ -3,6 +3,7 @@
 #include <span>
 
 #include "reports/report_text.h"
+#include "store/blanks.h"
 #include "store/letter_case.h"
 
 namespace orvex::reports {
@@ -255,7 +256,7 @@ const LineList* FindList(std::string_view tank_type) {
 }
 
 bool Stands(On on, const LineList& list, const LineFacts& facts) {
-  const bool cone = store::EqualNoCase(Trim(facts.roof_type), "CONE");
+  const bool cone = store::EqualNoCase(store::WithoutBlanks(facts.roof_type), "CONE");
   switch (on) {
     case On::kCone:
       return cone;

@@ -8,6 +8,9 @@
 
 #include "reports/brief_report.h"
 #include "reports/detail_report.h"
+#include "reports/export.h"
+#include "reports/reference_report.h"
+#include "reports/source_kind.h"
 #include "reports/xml_export.h"
 #include "shell/status.h"
 #include "shell/trap.h"
@@ -39,48 +42,67 @@ void ShowTable(shell::Session& session) {
   XML_Export(session, *FindReferenceReport(session.PrintMode), session.ReportSource, session.ReportSourceKind);
 }
 
-/// What a `PrintMode` puts out, by destination; none for a destination that it does not have.
+void ShowImportLog(shell::Session& session) { XML_Export(session, kImportReport, kImportReport.table, kOpenTable); }
+
+/// What a `PrintMode` puts out: to the window, and of which table to a file.
 struct Output {
   std::string_view print_mode;
   void (*to_window)(shell::Session&);
-  void (*to_file)(shell::Session&);
+  std::string_view table;
+  std::string shell::Session::*path;       ///< of the table's database
+  std::string shell::Session::*condition;  ///< null for all rows
 };
+constexpr auto kTankPath = &shell::Session::TankPath;
+constexpr auto kClientPath = &shell::Session::ClientPath;
+constexpr auto kChosen = &shell::Session::ReportCondition;
 constexpr Output kOutputs[] = {
-    {"Report", ShowReport, nullptr}, {"Error", ShowFirstError, nullptr}, {"Chemical", ShowTable, nullptr},
-    {"Met", ShowTable, nullptr},     {"Fit", ShowTable, nullptr},        {"Rim", ShowTable, nullptr},
-    {"Deck", ShowTable, nullptr},    {"Profile", ShowTable, nullptr},
+    {"Report", ShowReport, "emission", kClientPath, &shell::Session::ReportFilter},
+    {"Error", ShowFirstError, "error", kClientPath, nullptr},
+    {"Chemical", ShowTable, "chemical", kTankPath, kChosen},
+    {"Met", ShowTable, "met", kTankPath, kChosen},
+    {"Fit", ShowTable, "fitting", kTankPath, kChosen},
+    {"Rim", ShowTable, "rimseal", kTankPath, kChosen},
+    {"Deck", ShowTable, "deckseam", kTankPath, kChosen},
+    {"Profile", ShowTable, "profiles", kTankPath, kChosen},
+    {"Import", ShowImportLog, "import errors", kTankPath, nullptr},
 };
 
-Output OutputOf(const shell::Session& session) {
-  const auto* found = std::find_if(std::begin(kOutputs), std::end(kOutputs),
-                                   [&](const Output& output) { return output.print_mode == session.PrintMode; });
-  return found == std::end(kOutputs) ? Output{session.PrintMode, nullptr, nullptr} : *found;
+/// Null when there is nothing to be put out.
+const Output* OutputOf(const shell::Session& session) {
+  const auto* found = std::ranges::find(kOutputs, session.PrintMode, &Output::print_mode);
+  return found == std::end(kOutputs) ? nullptr : found;
 }
 
-void Choose(const shell::Session& session, Frmprintrep& form, bool file) {
-  const auto output = OutputOf(session);
+void WriteToFile(shell::Session& session, const Output& output) {
+  Export(session, std::string(output.table), session.*output.path,
+         output.condition == nullptr ? "" : session.*output.condition);
+}
+
+void Choose(Frmprintrep& form, bool file) {
   form.optWindow.chosen = !file;
   form.optFile.chosen = file;
-  form.optFile.enabled = output.to_file != nullptr;
-  form.cmdOK.enabled = (file ? output.to_file : output.to_window) != nullptr;
 }
 
 }  // namespace
 
 Frmprintrep OpenFrmprintrep(shell::Session& session) {
   Frmprintrep form;
-  Choose(session, form, false);
+  form.cmdOK.enabled = form.optFile.enabled = OutputOf(session) != nullptr;
   return form;
 }
 
-void ChooseWindow(shell::Session& session, Frmprintrep& form) { Choose(session, form, false); }
-void ChooseFile(shell::Session& session, Frmprintrep& form) { Choose(session, form, true); }
+void ChooseWindow(shell::Session&, Frmprintrep& form) { Choose(form, false); }
+void ChooseFile(shell::Session&, Frmprintrep& form) { Choose(form, true); }
 
 void ClickOK(shell::Session& session, Frmprintrep& form) {
   shell::Trapped(session, kLabel, [&] {
-    const auto output = OutputOf(session);
-    const auto put_out = form.optFile.chosen ? output.to_file : output.to_window;
-    if (put_out != nullptr) put_out(session);
+    const auto* output = OutputOf(session);
+    if (output == nullptr) return;
+    if (form.optFile.chosen) {
+      WriteToFile(session, *output);
+    } else {
+      output->to_window(session);
+    }
   });
 }
 

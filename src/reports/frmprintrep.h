@@ -1,6 +1,5 @@
 #pragma once
 
-#include "shell/command.h"
 #include "shell/controls.h"
 #include "shell/session.h"
 
@@ -9,7 +8,7 @@ namespace orvex::reports {
 
 inline constexpr shell::ControlText kFrmprintrepControls[] = {
     {"optWindow", " &Window/Printer", "Show it in a window, from where it can be printed"},
-    {"optFile", " &File", shell::kLaterReleaseTip},
+    {"optFile", " &File", "Write it to a file of its own, in a format that other programs read"},
     {"cmdOK", "&OK", "Put it out"},
     {"cmdPrintSetup", "&Printer Setup", "Choose and set up the printer"},
     {"cmdClose", "&Close", "Close this window"},
@@ -20,7 +19,7 @@ inline constexpr shell::WindowText kFrmprintrepText = {"frmprintrep", "Print Rep
 
 struct Frmprintrep {
   shell::OptionButton optWindow{.chosen = true};
-  shell::OptionButton optFile;  ///< disabled for what cannot be written to a file
+  shell::OptionButton optFile;
   shell::Button cmdOK, cmdPrintSetup, cmdClose, cmdHelp;
   shell::WindowState window;
 };

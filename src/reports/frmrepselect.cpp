@@ -30,6 +30,7 @@ std::vector<std::string> Items(store::Database& reference, const ReferenceReport
 void ChooseTable(shell::Session& session, const ReferenceReport& report) {
   session.ReportSource = report.table;
   session.ReportSourceKind = kOpenTable;
+  session.ReportCondition.clear();
   session.ReportFilter.clear();
 }
 
@@ -43,6 +44,7 @@ void ChooseRows(shell::Session& session, const ReferenceReport& report, const st
   }
   session.ReportSource = std::string(report.query_head) + condition;
   session.ReportSourceKind = kOpenDynaset;
+  session.ReportCondition = condition;
   session.ReportFilter = filter;
 }
 

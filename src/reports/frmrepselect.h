@@ -49,8 +49,8 @@ void ClickSelectAll(shell::Session& session, Frmrepselect& form);
 void ClickRemove(shell::Session& session, Frmrepselect& form);
 void ClickRemoveAll(shell::Session& session, Frmrepselect& form);
 
-/// Tells `ReportSource`, `ReportSourceKind` and `ReportFilter` what was chosen, and opens `frmprintrep` in the place of
-/// this window. As many rows as there are stand for the whole table.
+/// Tells `ReportSource`, `ReportSourceKind`, `ReportCondition` and `ReportFilter` what was chosen, and opens
+/// `frmprintrep` in the place of this window. As many rows as there are stand for the whole table.
 void ClickPrint(shell::Session& session, Frmrepselect& form);
 void ClickClose(shell::Session& session, Frmrepselect& form);
 void ClickHelp(shell::Session& session, Frmrepselect& form);

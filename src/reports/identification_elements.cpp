@@ -1,7 +1,7 @@
 #include "reports/identification_elements.h"
 
-#include "reports/report_text.h"
 #include "shell/tank_types.h"
+#include "store/blanks.h"
 #include "store/letter_case.h"
 
 namespace orvex::reports {
@@ -139,7 +139,7 @@ std::span<const IdentificationElement> IdentificationElements() { return kIdenti
 
 const IdentificationForm* FindIdentificationForm(std::string_view tank_type) {
   for (const auto& form : kForms)
-    if (store::EqualNoCase(Trim(tank_type), form.tank_type)) return &form;
+    if (store::EqualNoCase(store::WithoutBlanks(tank_type), form.tank_type)) return &form;
   return nullptr;
 }
 

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <iterator>
 
-#include "reports/report_text.h"
 #include "shell/choices.h"
+#include "store/blanks.h"
 
 namespace orvex::reports {
 namespace {
@@ -71,8 +71,8 @@ Clause FitClause(std::string_view item) {
 }
 
 Clause RimClause(std::string_view item) {
-  const auto primary = Trim(TakePart(item));
-  const auto secondary = Trim(TakePart(item));
+  const auto primary = store::WithoutBlanks(TakePart(item));
+  const auto secondary = store::WithoutBlanks(TakePart(item));
   const bool welded = item == shell::kWelded;
   return Filled(
       "((rimseal.Prim_SEAL = '{}') AND (rimseal.Secnd_SEAL ='{}') AND (rimseal.WELDED = {}) AND (rimseal.RIVETED = "
@@ -108,6 +108,9 @@ constexpr ReferenceReport kReports[] = {
 };
 
 }  // namespace
+
+const ReferenceReport kImportReport = {"Import", "Import Report", "",      "",     "import errors",
+                                       "",       "Import",        nullptr, nullptr};
 
 std::span<const ReferenceReport> ReferenceReports() { return kReports; }
 

@@ -31,7 +31,10 @@ struct ReferenceReport {
 
 std::span<const ReferenceReport> ReferenceReports();
 
-/// The report of a `PrintMode`; null if it is none on a reference table.
+/// The report on the log of an import, all of whose rows are shown: it has no item and no clause.
+extern const ReferenceReport kImportReport;
+
+/// The report of a `PrintMode` whose rows are chosen; null if it is none on a reference table.
 const ReferenceReport* FindReferenceReport(std::string_view print_mode);
 
 }  // namespace orvex::reports

@@ -1,6 +1,7 @@
 #include "reports/report_text.h"
 
 #include "shell/periods.h"
+#include "store/blanks.h"
 
 namespace orvex::reports {
 namespace {
@@ -9,12 +10,6 @@ constexpr std::string_view kNoBreakSpace = "\u00A0";
 
 }  // namespace
 
-std::string_view Trim(std::string_view text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 std::string NoBreakSpaces(int count) {
   std::string text;
   for (int i = 0; i < count; ++i) text += kNoBreakSpace;
@@ -22,9 +17,9 @@ std::string NoBreakSpaces(int count) {
 }
 
 std::string ReportTankName(std::string_view user_id, std::string_view tank_type) {
-  std::string name(Trim(user_id));
+  std::string name(store::WithoutBlanks(user_id));
   name += "   -   ";
-  name += Trim(tank_type);
+  name += store::WithoutBlanks(tank_type);
   return name;
 }
 

@@ -11,9 +11,6 @@ namespace orvex::reports {
 /// A number of no-break spaces: indentation, and the content of an empty cell.
 std::string NoBreakSpaces(int count);
 
-/// The text without the blanks at its ends.
-std::string_view Trim(std::string_view text);
-
 /// "USER ID   -   tank type", both without blanks at their ends.
 std::string ReportTankName(std::string_view user_id, std::string_view tank_type);
 

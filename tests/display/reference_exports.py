@@ -12,7 +12,8 @@ reports.PAGES[PAGE] = ('data_export.xml', 'data_display.htm')
 TABLES = {'Chemical': 'chemical', 'Met': 'met', 'Fit': 'fitting', 'Rim': 'rimseal', 'Deck': 'deckseam',
           'Profile': 'profile names'}
 TITLES = {'Chemical': 'Chemical Report', 'Met': 'Meteorological Report', 'Fit': 'Fitting Report',
-          'Rim': 'Rim Seal Report', 'Deck': 'Deck Seam Report', 'Profile': 'Speciation Profile Report'}
+          'Rim': 'Rim Seal Report', 'Deck': 'Deck Seam Report', 'Profile': 'Speciation Profile Report',
+          'Import': 'Import Report'}
 BOOLEANS = {'USER_DEF', 'USER DEF', 'User', 'WELDED', 'RIVETED', 'EFLT', 'DEFT', 'IFLT', 'TYP_IFLT', 'WELD_DECK',
             'SELF_SUP', 'TYP_EFLT', 'D_ROOF', 'P_SEAL'}
 

@@ -134,6 +134,15 @@ class TablesTest(ReferenceCase):
         self.assertIn(f'Atmospheric pressure: {first["ATMOS_PRS"]:.2f} psia',
                       self.browser.run('return document.querySelector(".parts caption").textContent'))
 
+    def test_log_of_an_import_is_listed_as_it_was_written(self):
+        self.show('Import', [{'IDX_ID': '17', 'ID': HOSTILE, 'Error': 'Import Successful'},
+                             {'IDX_ID': None, 'ID': 'South', 'Error': 'No city.'}])
+        self.assertEqual(self.browser.run(HEADINGS), ['No.', 'Key', 'Record', 'Message'])
+        self.assertEqual(self.rows(), [['1', '17', HOSTILE, 'Import Successful'], ['2', '', 'South', 'No city.']])
+        self.assertEqual(self.browser.run('return document.querySelector("h1").textContent'), 'Import Report')
+        self.assertIn('Log of the last import: 2 messages', self.browser.text())
+        self.assertNotIn('Reference data', self.browser.text())
+
     def test_name_in_the_list_leads_to_the_part_of_its_record(self):
         self.show('Met')
         self.browser.driver.find_element('link text', 'Anchorage, Alaska').click()

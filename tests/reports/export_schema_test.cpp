@@ -76,6 +76,16 @@ TEST_F(ExportSchema, TakesTheReportsOnAllTables) {
   }
 }
 
+TEST_F(ExportSchema, TakesTheLogOfAnImport) {
+  test::AddRow(Reference(), "import errors", {{"ID", "North"}, {"Error", "Import Successful"}});
+  session_.PrintMode = "Import";
+  auto output = OpenFrmprintrep(session_);
+  ClickOK(session_, output);
+  auto text = test::FileContent(File());
+  EXPECT_EQ(FaultsOf(text), "");
+  EXPECT_NE(FaultsOf(text.replace(text.find("<Error>"), 7, "<error>")), "");
+}
+
 TEST_F(ExportSchema, TakesTheDeliveredTables) {
   session_.ReferenceDb = store::Database::Open(ORVEX_REFERENCE_DATABASE, store::OpenMode::kReadOnly);
   for (const auto word : test::kWords) EXPECT_EQ(FaultsOf(Written(word)), "") << word;

@@ -56,30 +56,34 @@ class FrmprintrepTest : public testing::Test {
 };
 
 TEST_F(FrmprintrepTest, OpensOnTheWindow) {
-  for (const auto* print_mode : {"Report", "Error"}) {
+  for (const auto* print_mode : {"Report", "Error", "Chemical", "Met", "Fit", "Rim", "Deck", "Profile", "Import"}) {
     const auto form = Open(print_mode);
     EXPECT_TRUE(form.optWindow.chosen);
     EXPECT_FALSE(form.optFile.chosen);
     EXPECT_TRUE(form.cmdOK.enabled);
     EXPECT_TRUE(form.cmdPrintSetup.enabled);
     EXPECT_TRUE(form.optWindow.enabled);
-    EXPECT_FALSE(form.optFile.enabled) << "nothing of this can be written to a file";
+    EXPECT_TRUE(form.optFile.enabled) << "all of this can be written to a file";
     EXPECT_FALSE(form.window.closed);
   }
 }
 
-TEST_F(FrmprintrepTest, WhatHasNoOutputCannotBePutOut) {
-  auto form = Open("Import");
+TEST_F(FrmprintrepTest, WhatIsNotKnownCannotBePutOut) {
+  auto form = Open("");
   EXPECT_FALSE(form.cmdOK.enabled);
-  auto report = Open("Report");
-  ChooseFile(session_, report);
-  EXPECT_FALSE(report.cmdOK.enabled);
-  EXPECT_TRUE(report.optFile.chosen);
-  EXPECT_FALSE(report.optWindow.chosen);
-  ChooseWindow(session_, report);
-  EXPECT_TRUE(report.cmdOK.enabled);
-  EXPECT_TRUE(report.optWindow.chosen);
-  EXPECT_FALSE(report.optFile.chosen);
+  EXPECT_FALSE(form.optFile.enabled);
+  ClickOK(session_, form);
+  EXPECT_TRUE(test_.host.messages.empty());
+}
+
+TEST_F(FrmprintrepTest, OneOfTheTwoDestinationsIsChosen) {
+  auto form = Open("Report");
+  ChooseFile(session_, form);
+  EXPECT_TRUE(form.optFile.chosen);
+  EXPECT_FALSE(form.optWindow.chosen);
+  ChooseWindow(session_, form);
+  EXPECT_TRUE(form.optWindow.chosen);
+  EXPECT_FALSE(form.optFile.chosen);
 }
 
 TEST_F(FrmprintrepTest, OKAsksForLandscapeAndThenShowsABriefReport) {

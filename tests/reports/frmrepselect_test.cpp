@@ -226,6 +226,18 @@ TEST_F(FrmrepselectTest, SomeItemsChosenMakeAQueryTheSource) {
                       "dbOpenDynaset", "(({Profile Names.Profile Name} = 'Gasoline'))"}));
 }
 
+TEST_F(FrmrepselectTest, TheConditionIsKeptForAnExport) {
+  AddChemicals({"A", "B", "C"});
+  (void)PrintOf("Chemical", {"A", "C"});
+  EXPECT_EQ(session_.ReportCondition, "((Chemical.NAME= 'A')) OR ((Chemical.NAME= 'C'))");
+  AddFitting("Ladder", store::Value());
+  AddFitting("Vent", store::Value());
+  (void)PrintOf("Fit", {"Vent"});
+  EXPECT_EQ(session_.ReportCondition, "((fitting.Fit_TYPE= 'Vent'))");
+  (void)PrintOf("Chemical", {"A", "B", "C"});
+  EXPECT_EQ(session_.ReportCondition, "") << "of the whole table";
+}
+
 TEST_F(FrmrepselectTest, AFittingIsCutAtItsFirstSlash) {
   AddFitting("Roof Leg", "Adjustable/Pontoon");
   AddFitting("Ladder", store::Value());

@@ -48,7 +48,6 @@ class ReferenceReportTest : public testing::Test {
       EXPECT_TRUE(form.window.closed) << "this window stands behind the other one";
       auto output = reports::OpenFrmprintrep(session_);
       EXPECT_TRUE(output.cmdOK.enabled);
-      EXPECT_FALSE(output.optFile.enabled);
       reports::ClickOK(session_, output);
     });
     reports::ClickPrint(session_, form);

@@ -7,6 +7,9 @@
 #include <utility>
 #include <vector>
 
+#include "reports/frmexformat.h"
+#include "reports/frmexname.h"
+#include "reports/frmexptbl.h"
 #include "reports/frmmonth.h"
 #include "reports/frmprintrep.h"
 #include "reports/frmrepselect.h"
@@ -18,8 +21,9 @@ namespace {
 
 using Captions = std::vector<std::pair<std::string, std::string>>;
 
-constexpr const shell::WindowText* kWindows[] = {&kFrmtankrepText, &kFrmmonthText, &kFrmreptypText, &kFrmprintrepText,
-                                                 &kFrmrepselectText};
+constexpr const shell::WindowText* kWindows[] = {&kFrmtankrepText,  &kFrmmonthText,     &kFrmreptypText,
+                                                 &kFrmprintrepText, &kFrmrepselectText, &kFrmexformatText,
+                                                 &kFrmexnameText,   &kFrmexptblText};
 
 Captions CaptionsOf(const shell::WindowText& window) {
   Captions captions;
@@ -40,6 +44,9 @@ TEST(WindowTexts, HaveTheirTitlesAndTopics) {
       {"Frmreptyp", "Report Type", "report_type"},
       {"frmprintrep", "Print Report", "print_report"},
       {"frmrepselect", "Report Selection", "report_selection"},
+      {"Frmexformat", "Export Format", "export_tables"},
+      {"frmexname", "Export File Name", "export_tables"},
+      {"frmexptbl", "Export Table", "export_tables"},
   };
   std::vector<std::vector<std::string_view>> found;
   for (const auto* window : kWindows) found.push_back({window->name, window->title, window->topic});
@@ -99,7 +106,6 @@ TEST(WindowTexts, OfThePrintedReport) {
                                                     {"cmdPrintSetup", "&Printer Setup"},
                                                     {"cmdClose", "&Close"},
                                                     {"cmdHelp", "&Help"}}));
-  EXPECT_EQ(kFrmprintrepText.controls[1].tip, "Comes with a later release of this program.");
 }
 
 TEST(WindowTexts, OfTheReportSelection) {
@@ -115,6 +121,22 @@ TEST(WindowTexts, OfTheReportSelection) {
                                                      {"cmdPrint", "&Print"},
                                                      {"cmdClose", "Close"},
                                                      {"cmdHelp", "&Help"}}));
+}
+
+TEST(WindowTexts, OfTheExport) {
+  EXPECT_EQ(CaptionsOf(kFrmexformatText),
+            (Captions{{"lstFormats", "&Format:"}, {"cmdOK", "&OK"}, {"cmdCancel", "Cancel"}, {"cmdHelp", "&Help"}}));
+  EXPECT_EQ(CaptionsOf(kFrmexnameText), (Captions{{"txtExportFileName", "&Export to:"},
+                                                  {"cmdBrowse", "&Browse..."},
+                                                  {"cmdOK", "&OK"},
+                                                  {"cmdClose", "&Close"},
+                                                  {"cmdHelp", "&Help"}}));
+  EXPECT_EQ(CaptionsOf(kFrmexptblText), (Captions{{"lblTable", ""},
+                                                  {"txtTable", "Ta&ble:"},
+                                                  {"lblPath", ""},
+                                                  {"cmdOK", "&OK"},
+                                                  {"cmdCancel", "Cancel"},
+                                                  {"cmdHelp", "&Help"}}));
 }
 
 TEST(WindowTexts, NameEveryControlOnceAndSayWhatItIsFor) {

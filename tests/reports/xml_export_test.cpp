@@ -77,6 +77,24 @@ TEST_F(XmlExportTest, WritesATableAsItIsRead) {
   EXPECT_TRUE(test_.host.messages.empty());
 }
 
+TEST_F(XmlExportTest, WritesTheLogOfAnImport) {
+  test::AddRow(Reference(), "import errors", {{"IDX_ID", "17"}, {"ID", "North <1>"}, {"Error", "Import Successful"}});
+  test::AddRow(Reference(), "import errors", {{"ID", "South"}, {"Error", "No city."}});
+  session_.PrintMode = "Import";
+  session_.ReportSource = "Chemical";
+  session_.ReportSourceKind = "dbOpenTable";
+  auto output = OpenFrmprintrep(session_);
+  ClickOK(session_, output);
+  EXPECT_EQ(Content(),
+            "<?xml version=\"1.0\"?><DataExport><Type>Import</Type>\\r\\n\\r\\n"
+            "<Import>Import Report<IDX_ID>17</IDX_ID><ID>North &lt;1&gt;</ID><Error>Import Successful</Error>"
+            "<REC_NO>1</REC_NO></Import>"
+            "<Import>Import Report<IDX_ID/><ID>South</ID><Error>No city.</Error><REC_NO>2</REC_NO></Import>"
+            "</DataExport>");
+  EXPECT_EQ(test_.host.pages, Strings{Page()});
+  EXPECT_EQ(test_.host.status, (Strings{"Processing report, please wait...", "Ready"}));
+}
+
 TEST_F(XmlExportTest, WritesAProfileWithItsComponents) {
   test::AddRow(Reference(), "profile names", {{"Profile Name", "Gasoline"}, {"TYPE", "Partial"}, {"User", true}});
   test::AddRow(Reference(), "profile components",

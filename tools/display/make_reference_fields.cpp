@@ -61,7 +61,7 @@ std::string_view TypeName(store::FieldType type) {
 std::string Script() {
   std::string script(kHead);
   auto out = std::back_inserter(script);
-  for (const auto& table : store::TestedReferenceTables()) {
+  for (const auto& table : store::ReferenceTables()) {
     fmt::format_to(out, "    {}: [\n", Quoted(table.name));
     for (const auto& field : table.fields) {
       fmt::format_to(out, "      {{name: {}, label: {}, unit: {}, type: {}}},\n", Quoted(ElementName(field.name)),
