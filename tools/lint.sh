@@ -5,8 +5,8 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 # Each layer may include those in front of it, but for the ones that stand beside each other.
-layers=(store shell emission entry refdata reports windows)
-beside='entry|refdata|reports'
+layers=(store shell emission entry refdata reports exchange windows)
+beside='entry|refdata|reports|exchange'
 
 CheckIncludes() {
   local i higher result=0

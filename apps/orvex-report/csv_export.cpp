@@ -1,36 +1,11 @@
 #include "orvex-report/csv_export.h"
 
-#include <array>
-#include <charconv>
-#include <optional>
-#include <string>
 #include <utility>
 
+#include "store/csv_cell.h"
 #include "store/file_replacement.h"
 
 namespace orvex::report_app {
-namespace {
-
-std::string Shortest(double number) {
-  std::array<char, 32> text{};
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), number);
-  return {text.data(), end.ptr};
-}
-
-}  // namespace
-
-store::CsvCell ToCell(const store::Value& value) {
-  switch (value.GetKind()) {
-    case store::Value::Kind::kInteger:
-      return std::to_string(value.RawInteger());
-    case store::Value::Kind::kReal:
-      return Shortest(value.RawReal());
-    case store::Value::Kind::kText:
-      return value.RawText();
-    default:
-      return std::nullopt;
-  }
-}
 
 void WriteEmissionCsv(store::Database& client, const std::vector<ChosenTank>& tanks,
                       const std::filesystem::path& path) {
@@ -41,7 +16,7 @@ void WriteEmissionCsv(store::Database& client, const std::vector<ChosenTank>& ta
   file.Write(store::CsvLine(cells));
   for (const auto& tank : tanks) {
     for (auto rows = client.OpenMatching("emission", "COMPID", {tank.id}); !rows.AtEnd(); rows.MoveNext()) {
-      for (std::size_t i = 0; i < cells.size(); ++i) cells[i] = ToCell(rows.Get(static_cast<int>(i)));
+      for (std::size_t i = 0; i < cells.size(); ++i) cells[i] = store::ToCell(rows.Get(static_cast<int>(i)));
       file.Write(store::CsvLine(cells));
     }
   }

@@ -4,6 +4,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <initializer_list>
 #include <string_view>
 
 #include "orvex-report/failure.h"
@@ -17,14 +18,20 @@ namespace orvex::report_app {
 namespace {
 
 constexpr const char* kDescription =
-    "Computes the emissions of the tanks of a client database and writes their report.\n";
+    "Computes the emissions of the tanks of a client database and writes their report, or brings tanks from and to CSV "
+    "files.\n";
 
 constexpr const char* kFooter =
     "\nUSER IDs are matched without regard to case; one that holds a comma or a quote is quoted as in a CSV file: "
     "--tanks '\"T-1, north\",T-2'.\n"
-    "\nExit status: 0 done; 2 stopped on faults of the data, which are listed; 64 wrong use; 66 a file cannot be "
-    "opened or a part of the program is not there; 70 a run-time failure was reported, or an output could not be "
-    "written to its end; 130 stopped by Ctrl-C.";
+    "\nThe folder of --import-csv and --export-csv holds tanks.csv, mixtures.csv, components.csv and fittings.csv. "
+    "Their columns are the fields of the tables; an empty client database gives a template. Cells are parted by "
+    "commas, numbers have a decimal point, an empty cell is an empty field, and a switch is Yes or No. The rows of "
+    "the last three files name their tank by its USER ID, its ID or both. A tank keeps its ID where the database has "
+    "nothing under it, and gets the next free one otherwise. All tanks are added, or, on any fault, none.\n"
+    "\nExit status: 0 done; 2 stopped on faults of the data or of CSV files, which are listed; 64 wrong use; 66 a file "
+    "cannot be opened or a part of the program is not there; 70 a run-time failure was reported, or an output could "
+    "not be written to its end; 130 stopped by Ctrl-C.";
 
 constexpr std::string_view kPapers[] = {"letter", "a4"};
 
@@ -32,6 +39,7 @@ constexpr std::string_view kPapers[] = {"letter", "a4"};
 
 /// An empty name, as an unset variable of a script gives, would be taken for none without a word.
 std::string Named(const std::string& file) { return file.empty() ? "no file is named" : ""; }
+std::string NamedFolder(const std::string& folder) { return folder.empty() ? "no folder is named" : ""; }
 
 Kind ParseKind(const std::string& text) {
   for (const auto& kind : ReportKinds())
@@ -64,6 +72,19 @@ std::array<bool, 12> ParseMonths(const std::vector<std::string>& values) {
   return months;
 }
 
+/// The options that bring tanks from and to CSV files, which go with none of the others.
+void AddTransfers(CLI::App& app, Options& options, std::initializer_list<CLI::Option*> others) {
+  auto* from = app.add_option("--import-csv", options.import_csv,
+                              "Add the tanks in a folder of CSV files to the client database; compute nothing");
+  auto* to = app.add_option("--export-csv", options.export_csv,
+                            "Write the tanks to CSV files in a folder, in place of those there; compute nothing");
+  for (auto* option : {from, to}) {
+    option->type_name("DIR")->check(NamedFolder);
+    for (auto* other : others) option->excludes(other);
+  }
+  from->excludes(to);
+}
+
 }  // namespace
 
 Options ParseOptions(const std::vector<std::string>& arguments) {
@@ -79,9 +100,9 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
   app.add_option("--reference", options.reference, "Reference database; the delivered one if not given")
       ->type_name("FILE")
       ->check(Named);
-  app.add_option("--tanks", options.tanks, "Tanks by USER ID, all of them if not given; @FILE reads one a line")
-      ->type_name("all|ID,...|@FILE")
-      ->allow_extra_args(false);
+  auto* tanks =
+      app.add_option("--tanks", options.tanks, "Tanks by USER ID, all of them if not given; @FILE reads one a line");
+  tanks->type_name("all|ID,...|@FILE")->allow_extra_args(false);
   bool whole_year = false;
   auto* annual = app.add_flag("--annual", whole_year, "Report on the whole year");
   auto* monthly = app.add_option("--monthly", months, "Report on these months")
@@ -104,10 +125,9 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
       ->capture_default_str()
       ->needs(pdf);
   auto* quiet = app.add_flag("--quiet", options.quiet, "Print nothing but errors");
-  app.add_flag("--list", options.list, "Print the tanks with their types and compute nothing")
-      ->excludes(csv)
-      ->excludes(pdf)
-      ->excludes(quiet);
+  auto* list = app.add_flag("--list", options.list, "Print the tanks with their types and compute nothing");
+  list->excludes(csv)->excludes(pdf)->excludes(quiet);
+  AddTransfers(app, options, {tanks, annual, monthly, csv, pdf, list});
   try {
     app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
   } catch (const CLI::CallForHelp&) {
@@ -123,7 +143,8 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
   options.paper = ParsePaper(paper);
   options.monthly = monthly->count() > 0;
   if (options.monthly) options.months = ParseMonths(months);
-  if (!options.list && !options.monthly && !whole_year)
+  const bool computes = !options.list && options.import_csv.empty() && options.export_csv.empty();
+  if (computes && !options.monthly && !whole_year)
     WrongUse("no period is given: use --annual or --monthly Jan,Feb,...");
   return options;
 }

@@ -22,6 +22,8 @@ struct Options {
   std::filesystem::path pdf;  ///< empty: none is made
   std::string paper;          ///< of the PDF: "letter" or "a4"
   bool list = false;
+  std::filesystem::path import_csv;  ///< folder of CSV files whose tanks are added; empty: none are
+  std::filesystem::path export_csv;  ///< folder to which the tanks are written as CSV files; empty: they are not
   bool quiet = false;
   std::string text;  ///< of `--help` and `--version`: printed, and nothing else is done
 };

@@ -18,6 +18,7 @@
 #include "orvex-report/tank_choice.h"
 #include "orvex-report/tank_table.h"
 #include "orvex-report/terminal_text.h"
+#include "orvex-report/transfer.h"
 #include "reports/report_text.h"
 #include "shell/periods.h"
 #include "shell/session.h"
@@ -106,6 +107,8 @@ int Perform(const std::vector<std::string>& arguments, const Surroundings& aroun
     PrintTankList(ChooseTanks(*client, options.tanks, around.err), around.out);
     return kDone;
   }
+  if (!options.import_csv.empty()) return ImportTanks(options, around);
+  if (!options.export_csv.empty()) return ExportTanks(options, around);
   return Report(options, around);
 }
 

@@ -17,21 +17,6 @@ std::string Line(const std::string& text, int number) {
   return text.substr(start, text.find("\r\n", start) - start);
 }
 
-TEST(CsvCell, NullIsNoCellAndAnEmptyTextIsOne) {
-  EXPECT_EQ(ToCell(store::Value()), std::nullopt);
-  EXPECT_EQ(ToCell(""), "");
-}
-
-TEST(CsvCell, NumbersReadBackAsTheSameNumber) {
-  EXPECT_EQ(ToCell(0.1), "0.1");
-  EXPECT_EQ(ToCell(1.0 / 3), "0.3333333333333333");
-  EXPECT_EQ(ToCell(1e300), "1e+300");
-  EXPECT_EQ(ToCell(true), "-1");
-  EXPECT_EQ(ToCell(42), "42");
-}
-
-TEST(CsvCell, TextThatLooksLikeAFormulaStaysAsItIs) { EXPECT_EQ(ToCell("=1+1"), "=1+1"); }
-
 TEST(EmissionCsv, HoldsAllFieldsOfTheChosenTanksInTheirOrder) {
   test::TestSession test;
   test::AddRow(test.client(), "emission", {{"ID", 1}, {"NAME", "first"}, {"S_LOSS", 0.1}, {"PRIMARY", true}});

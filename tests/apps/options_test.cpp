@@ -73,6 +73,27 @@ TEST(Options, TheHelpTellsWhatHappensToDisplayFiles) {
 
 TEST(Options, AListNeedsNoPeriod) { EXPECT_TRUE(ParseOptions({"--client", "c", "--list"}).list); }
 
+TEST(Options, AFolderOfCsvFilesNeedsNoPeriodAndGoesWithNoOtherWork) {
+  EXPECT_EQ(ParseOptions({"--client", "c", "--import-csv", "d e"}).import_csv, "d e");
+  EXPECT_EQ(ParseOptions({"--client", "c", "--export-csv", "d", "--quiet"}).export_csv, "d");
+  for (const std::string option : {"--import-csv", "--export-csv"}) {
+    EXPECT_EQ(Refusal({"--client", "c", option, ""}), option + ": no folder is named");
+    for (const Arguments& other :
+         {Arguments{"--annual"}, {"--monthly", "Jan"}, {"--list"}, {"--csv", "x"}, {"--pdf", "x"}, {"--tanks", "A"}}) {
+      Arguments arguments = {"--client", "c", option, "d"};
+      arguments.insert(arguments.end(), other.begin(), other.end());
+      EXPECT_TRUE(Mentions(Refusal(arguments), other.front())) << option << other.front();
+    }
+  }
+  EXPECT_TRUE(Mentions(Refusal({"--client", "c", "--import-csv", "d", "--export-csv", "d"}), "--export-csv"));
+}
+
+TEST(Options, TheHelpTellsOfTheCsvFiles) {
+  const auto help = ParseOptions({"--help"}).text;
+  for (const auto* word : {"--import-csv DIR", "--export-csv DIR", "fittings.csv", "USER ID"})
+    EXPECT_TRUE(Mentions(help, word)) << help;
+}
+
 TEST(Options, HelpAndVersionNeedNothingElse) {
   EXPECT_TRUE(Mentions(ParseOptions({"--help"}).text, "--monthly"));
   EXPECT_EQ(ParseOptions({"--version"}).text, "orvex-report 4.0.9d\n");
