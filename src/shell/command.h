@@ -18,9 +18,6 @@ struct Command {
   Needs needs = Needs::kBothDatabases;
 };
 
-/// The tool tip of an entry or button that has no command.
-inline constexpr std::string_view kLaterReleaseTip = "Comes with a later release of this program.";
-
 /// The command of an entry; null if the program has none.
 const Command* FindCommand(const Session& session, std::string_view control);
 

@@ -25,12 +25,6 @@ constexpr TankType kTankTypes[] = {
     {kDomedExternalFloatingRoof, "mnuNewDEFRT"},
 };
 
-constexpr std::string_view TipOf(std::string_view name) {
-  for (const auto& control : kFrmqmenuControls)
-    if (control.name == name) return control.tip;
-  return {};
-}
-
 std::int32_t TankId(const Frmqmenu& model) {
   std::int32_t id = 0;
   const auto& text = model.txtID.text;
@@ -38,24 +32,16 @@ std::int32_t TankId(const Frmqmenu& model) {
   return id;
 }
 
-const Command* NewTankCommand(const Session& session, const Frmqmenu& model) {
-  if (model.lstTankTypes.selected.empty()) return nullptr;
-  return FindCommand(session, kTankTypes[model.lstTankTypes.selected.front()].command);
+void UpdateOK(Frmqmenu& model) {
+  model.cmdOK.enabled = model.optCreate.chosen ? !model.lstTankTypes.selected.empty() : !model.txtID.text.empty();
 }
 
-void UpdateOK(const Session& session, Frmqmenu& model) {
-  const bool can_run =
-      model.optCreate.chosen ? NewTankCommand(session, model) != nullptr : session.editRecord != nullptr;
-  model.cmdOKTip = can_run ? TipOf("cmdOK") : kLaterReleaseTip;
-  model.cmdOK.enabled = can_run && (model.optCreate.chosen || !model.txtID.text.empty());
-}
-
-void Choose(Session& session, Frmqmenu& model, bool create) {
+void Choose(Frmqmenu& model, bool create) {
   model.optCreate.chosen = create;
   model.optOpen.chosen = !create;
   model.lstTankTypes.enabled = create;
   model.dblstTanks.enabled = !create;
-  UpdateOK(session, model);
+  UpdateOK(model);
 }
 
 }  // namespace
@@ -71,14 +57,14 @@ Frmqmenu OpenFrmqmenu(Session& session) {
   return model;
 }
 
-void ChooseCreate(Session& session, Frmqmenu& model) { Choose(session, model, true); }
-void ChooseOpen(Session& session, Frmqmenu& model) { Choose(session, model, false); }
+void ChooseCreate(Session& /*session*/, Frmqmenu& model) { Choose(model, true); }
+void ChooseOpen(Session& /*session*/, Frmqmenu& model) { Choose(model, false); }
 
-void UnpickTank(Session& session, Frmqmenu& model) {
+void UnpickTank(Session& /*session*/, Frmqmenu& model) {
   model.dblstTanks.selected.clear();
   model.txtID.text.clear();
   model.txtTankType.text.clear();
-  UpdateOK(session, model);
+  UpdateOK(model);
 }
 
 void PickTank(Session& session, Frmqmenu& model, std::size_t item) {
@@ -89,7 +75,7 @@ void PickTank(Session& session, Frmqmenu& model, std::size_t item) {
     model.txtID.text = fmt::to_string(tank.Long("ID"));
     model.txtTankType.text = tank.TextOrEmpty("TANK_TYPE");
   });
-  UpdateOK(session, model);
+  UpdateOK(model);
 }
 
 void OpenTank(Session& session, Frmqmenu& model, std::size_t item) {
@@ -97,9 +83,9 @@ void OpenTank(Session& session, Frmqmenu& model, std::size_t item) {
   ClickOK(session, model);
 }
 
-void PickType(Session& session, Frmqmenu& model, std::size_t item) {
+void PickType(Session& /*session*/, Frmqmenu& model, std::size_t item) {
   model.lstTankTypes.selected = {item};
-  UpdateOK(session, model);
+  UpdateOK(model);
 }
 
 void CreateTank(Session& session, Frmqmenu& model, std::size_t item) {
@@ -108,11 +94,13 @@ void CreateTank(Session& session, Frmqmenu& model, std::size_t item) {
 }
 
 void ClickOK(Session& session, Frmqmenu& model) {
+  // A list can be left without a selected row.
+  UpdateOK(model);
   if (!model.cmdOK.enabled) return;
   // The editor opens in the command: it finds this window closed.
   model.window.closed = true;
   if (model.optCreate.chosen) {
-    RunCommand(session, *NewTankCommand(session, model));
+    RunCommand(session, kTankTypes[model.lstTankTypes.selected.front()].command);
   } else {
     Trapped(session, kRoutine, [&] { session.editRecord(session, TankId(model), model.txtTankType.text); });
   }

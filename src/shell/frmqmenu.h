@@ -30,7 +30,6 @@ struct Frmqmenu {
   ListBox lstTankTypes;
   ListBox dblstTanks;
   Button cmdOK;
-  std::string_view cmdOKTip;  ///< why OK cannot be pressed, or what it does
   Button cmdCancel;
   TextBox txtID;        ///< `ID` of the selected tank, hidden
   TextBox txtTankType;  ///< `TANK_TYPE` of the selected tank, hidden

@@ -44,10 +44,9 @@ inline constexpr MenuEntry kNewTankMenu[] = {
 };
 
 inline constexpr MenuEntry kTanksMenu[] = {
-    {"&New Record", "mnuNewTank", kNewTankMenu},
-    {"&Edit Record", "mnuEditTank"},
-    {"&Import from Version 3.1", "mniImportTank"},
-    {"&Delete Record", "mnuDeleteTank"},
+    {"&New Record", "mnuNewTank", kNewTankMenu},   {"&Edit Record", "mnuEditTank"},
+    {"&Import from Version 3.1", "mniImportTank"}, {"Import from &CSV Files", "mnuImportCsv"},
+    {"E&xport to CSV Files", "mnuExportCsv"},      {"&Delete Record", "mnuDeleteTank"},
 };
 
 inline constexpr MenuEntry kChemicalMenu[] = {

@@ -6,7 +6,6 @@
 #include <QRadioButton>
 
 #include "shell/frmqmenu.h"
-#include "windows/display_text.h"
 #include "windows/model_view.h"
 #include "windows/views.h"
 
@@ -24,10 +23,6 @@ class FrmqmenuView : public ModelView<shell::Frmqmenu> {
     auto* tanks = MakeList("dblstTanks", model_.dblstTanks, TextList::Choice::kOne, TextList::Find::kYes,
                            Do(shell::PickTank), Do(shell::OpenTank), Do(shell::UnpickTank));
     auto* ok = MakeButton("cmdOK", model_.cmdOK, Do(shell::ClickOK));
-    AlsoDraw([this, ok] {
-      ok->setToolTip(PlainToolTip(Shown(model_.cmdOKTip)));
-      ok->setAccessibleDescription(Shown(model_.cmdOKTip));
-    });
     auto* cancel = MakeButton("cmdCancel", model_.cmdCancel, Do(shell::ClickCancel));
     ok->setDefault(true);
     SetCloseButton(cancel);

@@ -74,7 +74,6 @@ MainWindow::MainWindow(shell::Session& session, QSettings* settings)
 }
 
 void MainWindow::AddEntries(QMenu& menu, std::span<const shell::MenuEntry> entries) {
-  menu.setToolTipsVisible(true);
   for (const auto& entry : entries) {
     if (entry.IsSeparator()) {
       menu.addSeparator();
@@ -85,9 +84,6 @@ void MainWindow::AddEntries(QMenu& menu, std::span<const shell::MenuEntry> entri
     } else {
       auto* action = menu.addAction(Shown(entry.text));
       action->setObjectName(Name(entry.control));
-      action->setEnabled(shell::FindCommand(session_, entry.control) != nullptr);
-      // Without this the toolkit would show the entry's own text again.
-      action->setToolTip(action->isEnabled() ? QString() : Shown(shell::kLaterReleaseTip));
       connect(action, &QAction::triggered, this, [this, control = entry.control] { Run(control); });
     }
   }
@@ -100,15 +96,12 @@ void MainWindow::MakeToolBar() {
   for (const auto& button : shell::kToolBar) {
     auto* action = tool_bar_->addAction(Shown(button.tip));
     action->setObjectName(Name(button.key));
-    action->setEnabled(shell::FindCommand(session_, button.control) != nullptr);
-    auto tip = Shown(button.tip);
-    if (!action->isEnabled()) tip += QStringLiteral("\n") + Shown(shell::kLaterReleaseTip);
-    action->setToolTip(tip);
+    action->setToolTip(Shown(button.tip));
     connect(action, &QAction::triggered, this, [this, control = button.control] { Run(control); });
     auto* widget = tool_bar_->widgetForAction(action);
     widget->setObjectName(action->objectName());
     widget->setAccessibleName(Shown(button.tip));
-    widget->setAccessibleDescription(tip);
+    widget->setAccessibleDescription(Shown(button.tip));
     widget->setFocusPolicy(Qt::TabFocus);
   }
 }

@@ -3,6 +3,7 @@
 #include <span>
 
 #include "entry/entry_commands.h"
+#include "exchange/exchange_commands.h"
 #include "refdata/editor_commands.h"
 #include "reports/reference_commands.h"
 #include "reports/report_commands.h"
@@ -12,7 +13,8 @@ namespace orvex::windows {
 namespace {
 
 constexpr std::span<const shell::Command> kTables[] = {shell::kShellCommands, reports::kReportCommands,
-                                                       reports::kReferenceReportCommands, refdata::kEditorMenuCommands};
+                                                       reports::kReferenceReportCommands, refdata::kEditorMenuCommands,
+                                                       exchange::kExchangeCommands};
 
 }  // namespace
 

@@ -28,6 +28,11 @@ std::unique_ptr<ModelDialog> MakeFrmFitting(const ViewPlace& place);
 std::unique_ptr<ModelDialog> MakeFrmRimSeal(const ViewPlace& place);
 std::unique_ptr<ModelDialog> MakeFrmDeckSeam(const ViewPlace& place);
 std::unique_ptr<ModelDialog> MakeFrmProfile(const ViewPlace& place);
+std::unique_ptr<ModelDialog> MakeFrmImport(const ViewPlace& place);
+// What an export asks for.
+std::unique_ptr<ModelDialog> MakeFrmexformat(const ViewPlace& place);
+std::unique_ptr<ModelDialog> MakeFrmexname(const ViewPlace& place);
+std::unique_ptr<ModelDialog> MakeFrmexptbl(const ViewPlace& place);
 // Of the tank that is open in the editor.
 std::unique_ptr<ModelDialog> MakeFrmTank(const ViewPlace& place);
 std::unique_ptr<ModelDialog> MakeFrmCopyData(const ViewPlace& place);

@@ -11,12 +11,16 @@
 #include "entry/frmrecfit.h"
 #include "entry/frmspecpro.h"
 #include "entry/frmtank_text.h"
+#include "exchange/frmimport.h"
 #include "refdata/frmchemical.h"
 #include "refdata/frmdeckseam.h"
 #include "refdata/frmfitting.h"
 #include "refdata/frmmet.h"
 #include "refdata/frmprofile.h"
 #include "refdata/frmrimseal.h"
+#include "reports/frmexformat.h"
+#include "reports/frmexname.h"
+#include "reports/frmexptbl.h"
 #include "reports/frmmonth.h"
 #include "reports/frmprintrep.h"
 #include "reports/frmrepselect.h"
@@ -47,6 +51,10 @@ constexpr WindowEntry kWindows[] = {
     {reports::kFrmreptypText, MakeFrmreptyp},
     {reports::kFrmrepselectText, MakeFrmrepselect},
     {reports::kFrmprintrepText, MakeFrmprintrep},
+    {reports::kFrmexformatText, MakeFrmexformat},
+    {reports::kFrmexnameText, MakeFrmexname},
+    {reports::kFrmexptblText, MakeFrmexptbl},
+    {exchange::kFrmImportText, MakeFrmImport},
     {entry::kFrmeditrecText, MakeFrmeditrec},
     {entry::kFrmrecdeleteText, MakeFrmrecdelete},
     {refdata::kFrmchemicalText, MakeFrmchemical},

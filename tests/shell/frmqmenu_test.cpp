@@ -189,18 +189,14 @@ TEST_F(QuickMenu, CancelClosesTheWindowAndDoesNothingElse) {
   EXPECT_TRUE(called.empty());
 }
 
-TEST_F(QuickMenu, WithoutTankEntryOKCannotBePressedAndSaysWhy) {
+TEST_F(QuickMenu, WithNoTypeSelectedOKDoesNothing) {
+  AddTankEntry();
   auto menu = OpenFrmqmenu(session_);
-  EXPECT_FALSE(menu.cmdOK.enabled);
-  EXPECT_EQ(menu.cmdOKTip, "Comes with a later release of this program.");
-  CreateTank(session_, menu, 0);
-  EXPECT_FALSE(menu.window.closed);
-  ChooseOpen(session_, menu);
-  OpenTank(session_, menu, 0);
+  menu.lstTankTypes.selected.clear();
+  ClickOK(session_, menu);
   EXPECT_FALSE(menu.cmdOK.enabled);
   EXPECT_FALSE(menu.window.closed);
-  EXPECT_EQ(menu.cmdOKTip, "Comes with a later release of this program.");
-  EXPECT_TRUE(menu.cmdCancel.enabled);
+  EXPECT_TRUE(called.empty());
 }
 
 TEST_F(QuickMenu, ATankThatIsGoneMeanwhileIsNotOpenedAndNothingIsSaid) {

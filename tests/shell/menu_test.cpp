@@ -59,6 +59,8 @@ TEST(Menu, HoldsEveryCommandUnderItsTextsAndInItsOrder) {
       "&Data > &Tanks > &New Record > &Domed External Floating Roof Tank : mnuNewDEFRT",
       "&Data > &Tanks > &Edit Record : mnuEditTank",
       "&Data > &Tanks > &Import from Version 3.1 : mniImportTank",
+      "&Data > &Tanks > Import from &CSV Files : mnuImportCsv",
+      "&Data > &Tanks > E&xport to CSV Files : mnuExportCsv",
       "&Data > &Tanks > &Delete Record : mnuDeleteTank",
       "&Data > &Chemical > &Edit Database : mnuEditChem",
       "&Data > &Chemical > &Import : mnuImportChem",

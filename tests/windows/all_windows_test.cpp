@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
+#include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScrollArea>
@@ -10,6 +11,8 @@
 #include <QToolButton>
 
 #include "entry/frmtank_text.h"
+#include "shell/command.h"
+#include "shell/menu.h"
 #include "shell/tank_types.h"
 #include "windows/desktop_fixture.h"
 #include "windows/display_text.h"
@@ -28,6 +31,8 @@ class AllWindows : public DesktopTest, public testing::WithParamInterface<const 
   std::unique_ptr<windows::ModelDialog> Open() {
     if (GetParam()->needs_tank) OpenTank(session_, shell::kInternalFloatingRoof);
     if (GetParam()->text.name == "frmrepselect") session_.PrintMode = "Chemical";
+    session_.ExportTable = "profile components";
+    session_.ExportTarget = (folder_.Path() / "a folder of some length" / "reference tables.xls").string();
     auto window = GetParam()->make({session_, &host_.Main(), nullptr});
     window->Prepare();
     window->show();
@@ -160,25 +165,40 @@ TEST_F(DesktopTest, MenusAndToolBarAreThoseOfTheTables) {
   }
 }
 
-TEST_F(DesktopTest, CommandOfALaterReleaseIsDisabledAndSaysSo) {
-  auto& window = host_.Main();
-  const auto* later = window.findChild<QAction*>(QStringLiteral("mnuNewClient"));
-  EXPECT_FALSE(later->isEnabled());
-  EXPECT_EQ(later->toolTip(), QStringLiteral("Comes with a later release of this program."));
-  EXPECT_TRUE(window.findChild<QAction*>(QStringLiteral("mnuAnnBrief"))->isEnabled());
+/// Number of the commands in a menu and those below it.
+int ExpectUsable(const QMainWindow& window, const shell::Session& session, std::span<const shell::MenuEntry> entries) {
+  int commands = 0;
+  for (const auto& entry : entries) {
+    if (entry.IsSeparator()) continue;
+    commands += ExpectUsable(window, session, entry.entries);
+    if (entry.IsMenu()) continue;
+    EXPECT_NE(shell::FindCommand(session, entry.control), nullptr) << entry.control;
+    EXPECT_TRUE(window.findChild<QAction*>(windows::Shown(entry.control))->isEnabled()) << entry.control;
+    ++commands;
+  }
+  return commands;
 }
 
-TEST_F(DesktopTest, EveryEntryOfTheMenuDataWorksButImports) {
-  const auto& data = Find<QMenu>(host_.Main(), QStringLiteral("mnuData"));
-  int working = 0;
-  for (const auto* entry : data.findChildren<QAction*>()) {
-    const auto name = entry->objectName();
-    if (name.isEmpty() || entry->menu() != nullptr) continue;
-    EXPECT_EQ(entry->isEnabled(), !name.contains(QStringLiteral("Import"))) << name.toStdString();
-    working += entry->isEnabled() ? 1 : 0;
+TEST_F(DesktopTest, EveryEntryOfTheMenusAndEveryToolCanBeUsed) {
+  // Three of the menu File, ten of the tanks, sixteen of the reference tables, the update, six reports, four of the
+  // menu Backup, three of the menu Help.
+  EXPECT_EQ(ExpectUsable(host_.Main(), session_, shell::kMainMenu), 43);
+  for (const auto& button : shell::kToolBar) {
+    EXPECT_NE(shell::FindCommand(session_, button.control), nullptr) << button.control;
+    EXPECT_TRUE(Find<QToolButton>(host_.Main(), windows::Shown(button.key)).isEnabled()) << button.control;
   }
-  // Seven of the tanks, two of each of six tables, the update.
-  EXPECT_EQ(working, 20);
+}
+
+TEST_F(DesktopTest, NoTwoEntriesOfAMenuShareAnAccessKey) {
+  for (const auto* menu : host_.Main().findChildren<QMenu*>()) {
+    QString keys;
+    for (const auto* action : menu->actions()) {
+      const auto key = windows::AccessKey(action->text());
+      if (key.isNull()) continue;
+      EXPECT_FALSE(keys.contains(key)) << action->text().toStdString();
+      keys += key;
+    }
+  }
 }
 
 TEST_F(DesktopTest, MainWindowFitsASmallScreenAndCutsNothingOff) {

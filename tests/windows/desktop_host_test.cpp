@@ -85,6 +85,21 @@ TEST_F(DesktopHostTest, FileDialogOpensInTheFolderWithTitleFilterAndName) {
             file.toStdString());
 }
 
+TEST_F(DesktopHostTest, FileDialogForAFolderThatIsNotThereOpensWhereTheLastOneDid) {
+  const auto open_in = [&](const std::string& folder) {
+    QString opened;
+    person_.In(QStringLiteral("file_dialog"), [&](QWidget& window) {
+      opened = dynamic_cast<QFileDialog&>(window).directory().absolutePath();
+      QTest::keyClick(&window, Qt::Key_Escape);
+    });
+    EXPECT_RUN_TIME_ERROR(host_.OpenFile({"Locate", "tank.dbf", folder, "dBASE (*.dbf) |*.dbf|", ""}),
+                          store::ErrorNumber::kDialogCancelled);
+    return opened.toStdString();
+  };
+  EXPECT_EQ(open_in(folder_.Path().string()), folder_.Path().string());
+  EXPECT_EQ(open_in(R"(C:\orvex31)"), folder_.Path().string());
+}
+
 TEST_F(DesktopHostTest, PrinterSetupPrintsNothing) {
   person_.In(QStringLiteral("printer_setup"), [](QWidget& window) {
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Printer Setup"));

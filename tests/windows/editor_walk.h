@@ -31,6 +31,11 @@ class EditorWalk : public KeyboardWalk {
     typist_.Keys({"Alt+S"});
     typist_.Reply("Add Another Record?", "Alt+N");
   }
+  /// Closes an editor on a record that was shipped.
+  void CloseOnShipped() {
+    typist_.TabTo("cmdClose");
+    typist_.Keys({"Return"});
+  }
   /// Closes an editor on a record of one's own with this key as the answer to its question.
   void CloseWithQuestion(const QString& answer) {
     typist_.TabTo("cmdClose");

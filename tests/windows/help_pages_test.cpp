@@ -22,18 +22,22 @@
 #include "entry/frmrecfit.h"
 #include "entry/frmspecpro.h"
 #include "entry/frmtank_text.h"
+#include "exchange/frmimport.h"
 #include "refdata/frmchemical.h"
 #include "refdata/frmdeckseam.h"
 #include "refdata/frmfitting.h"
 #include "refdata/frmmet.h"
 #include "refdata/frmprofile.h"
 #include "refdata/frmrimseal.h"
+#include "reports/export_format.h"
+#include "reports/frmexformat.h"
+#include "reports/frmexname.h"
+#include "reports/frmexptbl.h"
 #include "reports/frmmonth.h"
 #include "reports/frmprintrep.h"
 #include "reports/frmrepselect.h"
 #include "reports/frmreptyp.h"
 #include "reports/frmtankrep.h"
-#include "shell/command.h"
 #include "shell/frmchange.h"
 #include "shell/frmclientdata.h"
 #include "shell/frmnotice.h"
@@ -68,6 +72,10 @@ constexpr const shell::WindowText* kEntryWindows[] = {&entry::kFrmeditrecText,  
 constexpr const shell::WindowText* kReferenceWindows[] = {
     &refdata::kFrmchemicalText, &refdata::kFrmMetText,     &refdata::kFrmFittingText,  &refdata::kFrmRimSealText,
     &refdata::kFrmDeckSeamText, &refdata::kFrmProfileText, &reports::kFrmrepselectText};
+
+/// The windows of imports and exports.
+constexpr const shell::WindowText* kExchangeWindows[] = {&exchange::kFrmImportText, &reports::kFrmexformatText,
+                                                         &reports::kFrmexnameText, &reports::kFrmexptblText};
 
 /// What the windows, the menus and the other pages ask for.
 constexpr std::string_view kTopics[] = {"index",
@@ -111,7 +119,11 @@ constexpr std::string_view kTopics[] = {"index",
                                         "rim_seals_edit",
                                         "deck_seams_edit",
                                         "profiles_edit",
-                                        "report_selection"};
+                                        "report_selection",
+                                        "import_tanks",
+                                        "import_reference",
+                                        "export_tables",
+                                        "csv_files"};
 
 std::string Page(std::string_view topic) { return FileContent(kPages / (std::string(topic) + ".html")); }
 
@@ -249,11 +261,9 @@ int ExpectMessagesTold(const std::filesystem::path& source, const std::string& e
   const auto sentences = Sentences(source);
   for (const auto& sentence : sentences) {
     // A name or number stands where the braces are.
-    for (std::size_t from = 0; from < sentence.size();) {
-      const auto gap = std::min(sentence.find("{}", from), sentence.size());
-      EXPECT_THAT(errors, HasSubstr(Trimmed(sentence.substr(from, gap - from)))) << source;
-      from = gap + 2;
-    }
+    const std::regex gap("\\{[0-9]*\\}");
+    for (std::sregex_token_iterator part(sentence.begin(), sentence.end(), gap, -1), end; part != end; ++part)
+      EXPECT_THAT(errors, HasSubstr(Trimmed(*part))) << source;
   }
   return static_cast<int>(sentences.size());
 }
@@ -264,7 +274,8 @@ TEST(HelpPages, ExplainEveryMessage) {
   for (const auto* name :
        {"emission/validate.cpp", "emission/validate_tank.cpp", "emission/validate_mixtures.cpp",
         "emission/validate_throughput.cpp", "emission/emiss_fix.cpp", "emission/emiss_float.cpp", "shell/backup.cpp",
-        "shell/frmchange.cpp", "shell/start_up.cpp", "shell/database_locations.h", "reports/frmprintrep.cpp"})
+        "shell/restore.cpp", "shell/new_client.cpp", "shell/database_names.cpp", "shell/frmchange.cpp",
+        "shell/start_up.cpp", "shell/database_locations.h", "reports/frmprintrep.cpp"})
     messages += ExpectMessagesTold(kSources / name, errors);
   EXPECT_GT(messages, 60);
 }
@@ -275,6 +286,19 @@ TEST(HelpPages, ExplainEveryMessageOfTankEntry) {
   for (const auto& source : std::filesystem::directory_iterator(kSources / "entry"))
     if (source.path().extension() == ".cpp") messages += ExpectMessagesTold(source.path(), errors);
   EXPECT_GT(messages, 30);
+}
+
+/// What an import says of a tank or row is told with the log, all else with the messages.
+TEST(HelpPages, ExplainEveryMessageOfImportsAndExports) {
+  std::string told;
+  for (const auto* topic : {"errors", "import_tanks", "import_reference", "export_tables", "csv_files"})
+    told += Words(Page(topic));
+  int messages = 0;
+  for (const auto& source : std::filesystem::directory_iterator(kSources / "exchange"))
+    if (source.path().extension() == ".cpp") messages += ExpectMessagesTold(source.path(), told);
+  for (const auto* name : {"reports/export.cpp", "reports/frmexname.cpp"})
+    messages += ExpectMessagesTold(kSources / name, told);
+  EXPECT_GT(messages, 40);
 }
 
 /// What a plot says is told with its window, all else with the messages.
@@ -352,6 +376,18 @@ TEST(HelpPages, TellEveryControlOfTheWindowsOfReferenceData) {
   }
 }
 
+TEST(HelpPages, TellEveryControlOfTheWindowsOfImportsAndExports) {
+  for (const auto* window : kExchangeWindows) {
+    EXPECT_THAT(PageText(window->topic), HasSubstr(std::string(window->title)));
+    for (const auto& control : window->controls) ExpectControlTold(window->topic, control);
+  }
+}
+
+TEST(HelpPages, TellEveryFormatOfAnExport) {
+  for (const auto& format : reports::ExportFormats())
+    EXPECT_THAT(PageText("export_tables"), HasSubstr(std::string(format.text)));
+}
+
 TEST(HelpPages, TellTheHeadingsOverTheEntriesOfReferenceData) {
   const auto expect_told = [](std::string_view topic, std::span<const refdata::EntryInfo> infos) {
     for (const auto& info : infos) {
@@ -408,16 +444,7 @@ void ExpectMenuTold(std::span<const shell::MenuEntry> menu, const std::string& t
   }
 }
 
-TEST(HelpPages, TellTheMenusOfTanksReportsBackupAndHelp) {
-  const auto text = PageText("main_window");
-  ExpectMenuTold(shell::kTanksMenu, text);
-  ExpectMenuTold(shell::kDataMenu, text);
-  ExpectMenuTold(shell::kReportMenu, text);
-  ExpectMenuTold(shell::kHelpMenu, text);
-  for (const auto& command : {"Backup Tank Database", "Backup Client Database", "Change Database Locations", "Exit"})
-    EXPECT_THAT(text, HasSubstr(command));
-  EXPECT_THAT(text, HasSubstr(std::string(shell::kLaterReleaseTip)));
-}
+TEST(HelpPages, TellEveryMenu) { ExpectMenuTold(shell::kMainMenu, PageText("main_window")); }
 
 TEST(HelpPages, TellTheAbsorptanceOfEachPaintAsItIsComputed) {
   int paints = 0;

@@ -15,6 +15,7 @@
 #include <QMessageBox>
 #include <QPixmap>
 #include <QTest>
+#include <QToolButton>
 #include <QWindow>
 #include <algorithm>
 #include <utility>
@@ -35,9 +36,12 @@ bool HasKeyboard(QWidget& top) {
   return false;
 }
 
-/// A button that is pressed by its access key stays down for a moment, and acts then.
+/// A button that is pressed by its access key stays down for a moment, and acts then. A tool button of a file dialog
+/// stays down as long as the view that it stands for is shown.
 bool IsPressing(const QWidget& window) {
-  return std::ranges::any_of(window.findChildren<QAbstractButton*>(), &QAbstractButton::isDown);
+  return std::ranges::any_of(window.findChildren<QAbstractButton*>(), [](const QAbstractButton* button) {
+    return button->isDown() && qobject_cast<const QToolButton*>(button) == nullptr;
+  });
 }
 
 QString TextOf(const QWidget& control) {

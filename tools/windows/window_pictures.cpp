@@ -137,9 +137,21 @@ void ChooseCities(QWidget& window) {
   Press(window, "cmdSelect");
 }
 
+void NameOldFiles(QWidget& window) {
+  constexpr std::pair<const char*, const char*> kEntries[] = {{"txtTankPath", "/home/user/orvex31/tank.dbf"},
+                                                              {"txtMixturePath", "/home/user/orvex31/mixture.dbf"},
+                                                              {"txtFittingsPath", "/home/user/orvex31/fittings.dbf"},
+                                                              {"txtStoragePath", "/home/user/orvex31/storage.dbf"},
+                                                              {"txtChemical", "/home/user/orvex31/chemical.dbf"}};
+  for (const auto& [entry, text] : kEntries) Enter(window, entry, text);
+}
+
+void NameExport(QWidget& window) { Enter(window, "txtExportFileName", "/home/user/inventory/cities.xls"); }
+
 constexpr Pose kPoses[] = {{"Frmtankrep", ChooseTanks},       {"Frmmonth", TickMonths},
                            {"Frmreptyp", ChooseMonthlyBrief}, {"frmchemical", FillInTwoOptions},
-                           {"frmDeckSeam", FillInPanels},     {"frmrepselect", ChooseCities}};
+                           {"frmDeckSeam", FillInPanels},     {"frmrepselect", ChooseCities},
+                           {"frmImport", NameOldFiles},       {"frmexname", NameExport}};
 
 /// A small screen of today, on which the windows have the size that a person sees.
 constexpr const char* kScreen =
@@ -208,6 +220,8 @@ void TakePictures(const fs::path& reference, const fs::path& client, const fs::p
   session.ClientDb = store::Database::Open(place / "client1.mdb");
   session.application_folder = place;
   session.PrintMode = "Met";
+  session.ExportTable = "met";
+  session.ExportTarget = "/home/user/inventory/cities.xls";
   windows::AddCommands(session);
   host.Attach(session);
   host.SetPathPanel(shell::PathPanel::kTank, session.TankPath);
