@@ -6,7 +6,10 @@
 #include <exception>
 #include <vector>
 
+#include "backup_case.h"
 #include "entry_case.h"
+#include "export_case.h"
+#include "import_case.h"
 #include "measurement.h"
 #include "record_case.h"
 #include "refdata_case.h"
@@ -36,22 +39,23 @@ void MeasureAll(const Settings& settings, const Choice& choice) {
     std::fflush(stdout);
     results.push_back(std::move(measured));
   };
+  const auto measure = [&](const auto& cases) {
+    for (const auto& one : cases)
+      if (chosen(one.key)) add(Measure(one, settings));
+  };
   fmt::print("{}\n", orvex::bench::TableHead());
   for (auto run_case : orvex::bench::RunCases()) {
     if (choice.tanks > 0) run_case.tanks = choice.tanks;
     if (chosen(run_case.key)) add(Measure(run_case, settings));
   }
   if (chosen(orvex::bench::kRecordCaseKey)) add(MeasureRecords(settings));
-  for (const auto& report_case : orvex::bench::ReportCases()) {
-    if (chosen(report_case.key)) add(Measure(report_case, settings));
-  }
+  measure(orvex::bench::ReportCases());
   if (chosen(orvex::bench::kWindowCaseKey)) add(MeasureTankWindow(settings));
-  for (const auto& entry_case : orvex::bench::EntryCases()) {
-    if (chosen(entry_case.key)) add(Measure(entry_case, settings));
-  }
-  for (const auto& refdata_case : orvex::bench::RefdataCases()) {
-    if (chosen(refdata_case.key)) add(Measure(refdata_case, settings));
-  }
+  measure(orvex::bench::EntryCases());
+  measure(orvex::bench::RefdataCases());
+  measure(orvex::bench::BackupCases());
+  measure(orvex::bench::ExportCases());
+  if (chosen(orvex::bench::kImportCaseKey)) add(MeasureImport(settings));
   if (const auto lines = orvex::bench::GrowthLines(results); !lines.empty()) fmt::print("\n{}", lines);
   const auto json = settings.folder / "bench.json";
   WriteJson(json, results);
@@ -62,8 +66,8 @@ void MeasureAll(const Settings& settings, const Choice& choice) {
 
 int main(int argc, char** argv) {
   CLI::App app(
-      "Times calculation runs, the record layer, reports, the list of tanks, tank entry and the reference editors "
-      "against the least that has to be done to the files.");
+      "Times calculation runs, the record layer, reports, the list of tanks, tank entry, the reference editors and "
+      "backups, imports and exports against the least that has to be done to the files.");
   Settings settings;
   Choice choice;
   bool no_floor = false;
