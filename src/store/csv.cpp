@@ -199,6 +199,12 @@ void CsvTable::Refuse(std::size_t row, std::string_view column, std::string_view
   Fail(fmt::format("{}, line {}, {}: {}", name_, rows_[row].line, column, reason));
 }
 
+void AppendQuoted(std::string& line, std::string_view text) {
+  line += '"';
+  for (const char c : text) line.append(c == '"' ? 2 : 1, c);
+  line += '"';
+}
+
 std::string CsvLine(std::span<const CsvCell> cells) {
   std::string line;
   for (const CsvCell& cell : cells) {
@@ -208,9 +214,7 @@ std::string CsvLine(std::span<const CsvCell> cells) {
       line += *cell;
       continue;
     }
-    line += '"';
-    for (const char c : *cell) line.append(c == '"' ? 2 : 1, c);
-    line += '"';
+    AppendQuoted(line, *cell);
   }
   return line + "\r\n";
 }

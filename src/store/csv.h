@@ -60,6 +60,9 @@ class CsvTable {
   std::vector<Row> rows_;
 };
 
+/// Adds a text in quotes; those in it are doubled.
+void AppendQuoted(std::string& line, std::string_view text);
+
 /// One line of a CSV file (RFC 4180) with its line end (CRLF); cells are quoted where they have to be.
 std::string CsvLine(std::span<const CsvCell> cells);
 

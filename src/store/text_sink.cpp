@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "store/csv.h"
 #include "store/number_text.h"
 #include "store/run_time_error.h"
 #include "store/table_sink.h"
@@ -13,12 +14,6 @@
 
 namespace orvex::store {
 namespace {
-
-void AppendQuoted(std::string& line, std::string_view text) {
-  line += '"';
-  for (const char c : text) line.append(c == '"' ? 2 : 1, c);
-  line += '"';
-}
 
 /// Every text stands in quotes, so that a reader can tell one from a number and an empty one from null.
 class TextSink final : public TableSink {
