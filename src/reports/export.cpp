@@ -13,6 +13,7 @@
 #include "reports/frmexformat.h"
 #include "reports/frmexname.h"
 #include "reports/frmexptbl.h"
+#include "shell/database_names.h"
 #include "shell/path_text.h"
 #include "shell/status.h"
 #include "shell/trap.h"
@@ -93,8 +94,7 @@ bool AskForFile(Session& session, const ExportFormat& format) {
     if (session.ExportTarget.empty()) return false;
     session.ExportTarget = CompletePath(format, session.ExportTarget);
     if (format.token == kDatabaseFormat || !IsInUse(session, TargetFile(format, session.ExportTarget))) return true;
-    shell::Tell(session.host, "You cannot write the one of the data base paths currently in use.",
-                shell::Icon::kExclamation);
+    shell::RefuseDatabaseInUse(session.host);
   }
 }
 

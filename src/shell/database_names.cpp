@@ -36,8 +36,12 @@ std::string AskForNewDatabase(Session& session, std::string_view title, const st
     const std::string chosen = session.host.SaveFile(DatabaseRequest(title, path));
     std::string name = chosen.find('.') == std::string::npos ? chosen + ".MDB" : chosen;
     if (!IsInUse(session, chosen) && !IsInUse(session, name)) return name;
-    Tell(session.host, "You cannot write the one of the data base paths currently in use.", Icon::kExclamation);
+    RefuseDatabaseInUse(session.host);
   }
+}
+
+void RefuseDatabaseInUse(Host& host) {
+  Tell(host, "You cannot write the one of the data base paths currently in use.", Icon::kExclamation);
 }
 
 bool IsSystemTable(std::string_view table) { return store::LowerCase(table).starts_with("msys"); }
