@@ -3,6 +3,7 @@
 #include <string>
 
 #include "exchange/dbase_dialog.h"
+#include "exchange/import_log.h"
 #include "exchange/tank_import.h"
 #include "shell/editing.h"
 #include "shell/status.h"
@@ -63,8 +64,7 @@ void ClickBrowse(shell::Session& session, FrmImport& form, std::size_t file) {
 void ClickOK(shell::Session& session, FrmImport& form) {
   shell::Trapped(session, kRoutine, [&] {
     if (!Import(session, form)) return;
-    session.PrintMode = "Import";
-    session.host.ShowWindow("frmprintrep");
+    OfferImportLog(session);
     form.window.closed = true;
   });
 }

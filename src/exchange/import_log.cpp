@@ -48,4 +48,9 @@ void ImportLog::Add(std::string_view key, std::string_view name, std::string_vie
   rows_.Update();
 }
 
+void OfferImportLog(shell::Session& session) {
+  session.PrintMode = "Import";
+  session.host.ShowWindow("frmprintrep");
+}
+
 }  // namespace orvex::exchange

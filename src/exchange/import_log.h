@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "shell/session.h"
 #include "store/database.h"
 
 /// What became of each record of the last import: the table `import errors` of the reference database.
@@ -31,5 +32,8 @@ class ImportLog {
   store::RecordSet rows_;
   std::size_t key_width_, name_width_, error_width_;
 };
+
+/// Opens `frmprintrep` on the log.
+void OfferImportLog(shell::Session& session);
 
 }  // namespace orvex::exchange

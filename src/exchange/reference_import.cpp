@@ -189,8 +189,7 @@ void Import(shell::Session& session, const ReferenceKind& kind) {
     const auto added = ImportFile(session, kind);
     if (!added) return;
     shell::Tell(session.host, fmt::format("{} records were appended to the current tank database.", *added));
-    session.PrintMode = "Import";
-    session.host.ShowWindow("frmprintrep");
+    OfferImportLog(session);
   });
 }
 
