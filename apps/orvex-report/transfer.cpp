@@ -24,14 +24,8 @@ std::string Name(const std::filesystem::path& path) { return TerminalText(path.s
 
 /// The faults of the files, a line each.
 void PrintFaults(std::string_view description, std::ostream& err) {
-  constexpr std::string_view kLineEnd = "\r\n";
   err << "orvex-report: nothing was imported:\n";
-  while (true) {
-    const auto end = description.find(kLineEnd);
-    err << TerminalText(description.substr(0, end)) << '\n';
-    if (end == std::string_view::npos) return;
-    description.remove_prefix(end + kLineEnd.size());
-  }
+  for (const auto fault : exchange::FaultLines(description)) err << TerminalText(fault) << '\n';
 }
 
 /// A folder or file of an option that is not as it should be.

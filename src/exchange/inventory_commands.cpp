@@ -26,18 +26,8 @@ std::string Counted(std::int64_t count, std::string_view what) {
   return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
 }
 
-std::vector<std::string_view> Lines(std::string_view text) {
-  std::vector<std::string_view> lines;
-  while (true) {
-    const auto end = text.find(kLineEnd);
-    lines.push_back(text.substr(0, end));
-    if (end == std::string_view::npos) return lines;
-    text.remove_prefix(end + kLineEnd.size());
-  }
-}
-
 std::string FirstLines(const std::string& text) {
-  const auto lines = Lines(text);
+  const auto lines = FaultLines(text);
   std::string first;
   for (std::size_t i = 0; i < std::min(lines.size(), kMostTold); ++i) first += fmt::format("{}{}", lines[i], kLineEnd);
   if (lines.size() > kMostTold) first += fmt::format("and {} more.{}", lines.size() - kMostTold, kLineEnd);

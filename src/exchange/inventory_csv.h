@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "shell/session.h"
 
@@ -34,6 +36,9 @@ InventoryCounts ExportInventory(store::Database& client, const std::filesystem::
 /// description has a line for each fault with file, line and column; 3024 a file is not there; 3043; 3027.
 InventoryCounts ImportInventory(store::Database& client, store::Database& reference,
                                 const std::filesystem::path& folder, const InventoryProgress& progress = {});
+
+/// The faults in the description of that error 3421, one a line.
+std::vector<std::string_view> FaultLines(std::string_view description);
 
 // The commands of the menu. Each asks for the folder.
 void ImportCsv(shell::Session& session);

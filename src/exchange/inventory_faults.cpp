@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <tuple>
 
+#include "exchange/inventory_csv.h"
 #include "store/run_time_error.h"
 #include "store/utf8.h"
 
@@ -57,6 +58,17 @@ void Faults::ThrowIfAny() {
   for (const auto& fault : kept_) description += (description.empty() ? "" : "\r\n") + fault.text;
   if (const auto more = count_ - kept_.size(); more > 0) description += fmt::format("\r\nand {} more faults.", more);
   throw store::RunTimeError(store::ErrorNumber::kDataConversion, description);
+}
+
+std::vector<std::string_view> FaultLines(std::string_view description) {
+  constexpr std::string_view kLineEnd = "\r\n";
+  std::vector<std::string_view> lines;
+  while (true) {
+    const auto end = description.find(kLineEnd);
+    lines.push_back(description.substr(0, end));
+    if (end == std::string_view::npos) return lines;
+    description.remove_prefix(end + kLineEnd.size());
+  }
 }
 
 }  // namespace orvex::exchange
